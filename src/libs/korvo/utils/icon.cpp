@@ -44,7 +44,7 @@ QString findImage(const QString &name, const QString &variant)
     // Joined by hand: QDir would follow a name that looks like a search path ("theme:x") out of the theme.
     const QString folder = variant.isEmpty() ? root : root + QLatin1Char('/') + variant;
     for (const auto &ending : {QLatin1String(".svg"), QLatin1String(".png")}) {
-        const QString path = folder + QLatin1Char('/') + name + ending;
+        QString path = folder + QLatin1Char('/') + name + ending;
         if (QFileInfo(path).isFile())
             return path;
     }
@@ -71,7 +71,7 @@ void Icon::setThemePath(const QString &path)
 
 QString Icon::imageFileName(const QString &name, const QString &variant)
 {
-    const QString path = findImage(name, variant);
+    QString path = findImage(name, variant);
     if (path.isEmpty())
         reportOnce(name, variant);
     return path;

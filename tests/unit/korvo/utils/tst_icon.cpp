@@ -4,10 +4,11 @@
 #include <korvo/utils/icon.h>
 
 #include <QDir>
-#include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 #include <QTest>
 
 using Korvo::Utils::Icon;
@@ -200,14 +201,22 @@ void tst_Icon::namesThatLeaveTheThemeAreUnknown()
 
 void tst_Icon::withoutAThemeEveryNameIsUnknown()
 {
-    Icon::setThemePath(QString());
-    // The current folder must not stand in for the missing theme.
+    // Neither the current folder nor the root folder may stand in for the missing theme.
+    QTemporaryFile picture(QDir::tempPath() + QStringLiteral("/XXXXXX.png"));
+    QVERIFY(picture.open());
+    const QString name = QFileInfo(picture).completeBaseName();
+    const QString folder = QDir::root().relativeFilePath(QDir::tempPath());
     const QString previous = QDir::currentPath();
     QVERIFY(QDir::setCurrent(m_theme));
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("No picture \"vector\"")));
-    const QString path = Icon::imageFileName(QStringLiteral("vector"), QString());
+
+    Icon::setThemePath(QString());
+    const WarningCounter warnings;
+    const QString below = Icon::imageFileName(QStringLiteral("vector"), QString());
+    const QString atRoot = Icon::imageFileName(name, folder);
     QVERIFY(QDir::setCurrent(previous));
-    QCOMPARE(path, QString());
+    QCOMPARE(below, QString());
+    QCOMPARE(atRoot, QString());
+    QCOMPARE(warnings.count(), 2);
 }
 
 void tst_Icon::anUnknownNameIsReportedOnce()
