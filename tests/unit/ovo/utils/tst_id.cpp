@@ -37,7 +37,7 @@ void tst_Id::aDefaultIdIsInvalidAndEmpty()
 void tst_Id::anEmptyTextGivesTheInvalidId()
 {
     QVERIFY(!Id::fromString(QString()).isValid());
-    QVERIFY(!Id::fromString(QStringLiteral("")).isValid());
+    QVERIFY(!Id::fromString(QLatin1String("")).isValid());
 }
 
 void tst_Id::equalTextsGiveEqualIds_data()
