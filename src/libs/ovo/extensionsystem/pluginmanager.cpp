@@ -46,8 +46,6 @@ class PluginManagerPrivate
 {
 public:
     PluginManagerPrivate();
-    /// Plug-ins that the host did not shut down are left alone: the application that they need is gone.
-    ~PluginManagerPrivate() { qDeleteAll(specs); }
     Q_DISABLE_COPY(PluginManagerPrivate)
 
     /// Whether plug-ins may be started or stopped now; warns when not.
@@ -61,7 +59,7 @@ public:
     QPointer<QSettings> settings;
     QVector<QPointer<QObject>> pool; // may hold null for objects that were destroyed
     QString iid;
-    QVector<PluginSpec *> specs;   // all that were found, in that order; owned
+    QVector<PluginSpec *> specs;   // all that were found, in that order; ours
     QVector<PluginSpec *> started; // those in use, in load order
     int shutdownTimeoutMs = 10000;
 
@@ -283,7 +281,7 @@ void PluginManagerPrivate::warnOfFailed() const
 {
     for (const PluginSpec *spec : qAsConst(specs)) {
         if (spec->hasError())
-            qCWarning(lcExtensionSystem).noquote() << spec->errorString();
+            qCWarning(lcExtensionSystem, "%s", qUtf8Printable(spec->errorString()));
     }
 }
 
@@ -357,8 +355,10 @@ void PluginManagerPrivate::waitFor(const QVector<PluginSpec *> &pending, QEventL
 
 PluginManager *PluginManager::instance()
 {
-    static PluginManager manager;
-    return &manager;
+    // Never destroyed: a plug-in that was not shut down is deleted by its library at the very end, and takes
+    // its objects out of the pool then.
+    static PluginManager *const manager = new PluginManager;
+    return manager;
 }
 
 PluginManager::PluginManager()

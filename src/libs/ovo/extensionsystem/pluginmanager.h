@@ -30,6 +30,7 @@ class OVO_EXTENSIONSYSTEM_EXPORT PluginManager : public QObject
     Q_OBJECT
 
 public:
+    /// Made at its first use, and never destroyed.
     static PluginManager *instance();
 
     /// The host's settings store; null until set, and once it is destroyed. Not owned: it outlives

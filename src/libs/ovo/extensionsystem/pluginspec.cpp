@@ -51,7 +51,7 @@ public:
     QString name()
     {
         const QString key = QStringLiteral("Name");
-        const QString name = text(key);
+        QString name = text(key);
         if (name.isEmpty())
             complain(key, QStringLiteral("is missing"));
         return name;
@@ -59,7 +59,7 @@ public:
 
     QString version(const QString &key)
     {
-        const QString version = text(key);
+        QString version = text(key);
         if (!version.isEmpty() && QVersionNumber::fromString(version).isNull())
             complain(key, QStringLiteral("must be numbers with dots, such as 1.0.2"));
         return version;
@@ -100,7 +100,7 @@ public:
 private:
     QJsonValue value(const QString &key, QJsonValue::Type type, const QString &rule)
     {
-        const QJsonValue value = m_metaData.value(key);
+        QJsonValue value = m_metaData.value(key);
         if (!value.isUndefined() && value.type() != type)
             complain(key, rule);
         return value;

@@ -69,6 +69,7 @@ private slots:
     void withoutAFileTheInstalledOneStays();
     void aDamagedFileFallsBackToTheLanguage();
     void anotherFileReplacesTheFirst();
+    void aFileWithoutTextsReplacesTheFirst();
     void eachPluginHasItsOwnTranslation();
     void theTranslationGoesWithThePlugin();
     void withoutAnApplicationNothingIsInstalled();
@@ -174,6 +175,8 @@ void tst_IPlugin::installsTheFileThatSuitsBest_data()
     QTest::newRow("language with its region only") << QStringList{bare, zhCN} << QStringLiteral("zh") << zhCN;
     QTest::newRow("another alphabet") << QStringList{bare, de, zhCN} << QStringLiteral("zh_CN") << zhCN;
     QTest::newRow("with a script") << QStringList{bare, srLatn} << QStringLiteral("sr_Latn") << srLatn;
+    QTest::newRow("with a script and a hyphen")
+        << QStringList{bare, srLatn} << QStringLiteral("sr-Latn") << srLatn;
     QTest::newRow("small region") << QStringList{bare, de, deCH} << QStringLiteral("de_ch") << deCH;
 }
 
@@ -224,9 +227,9 @@ void tst_IPlugin::withoutAFileTheInstalledOneStays_data()
     QTest::addColumn<QStringList>("files");
     QTest::addColumn<QString>("locale");
 
-    const QStringList all{QStringLiteral("greeting"), QStringLiteral("greeting_de"),
-                          QStringLiteral("greeting_de_CH"), QStringLiteral("greeting_en"),
-                          QStringLiteral("greeting_sr_Latn")};
+    const QStringList all{QStringLiteral("greeting"),         QStringLiteral("greeting_de"),
+                          QStringLiteral("greeting_de_CH"),   QStringLiteral("greeting_en"),
+                          QStringLiteral("greeting_sr_Latn"), QStringLiteral("greeting_klingon")};
     QTest::newRow("another language") << all << QStringLiteral("fr");
     QTest::newRow("another language's region") << all << QStringLiteral("fr_CH");
     QTest::newRow("unknown language") << all << QStringLiteral("klingon");
@@ -270,6 +273,15 @@ void tst_IPlugin::anotherFileReplacesTheFirst()
     QCOMPARE(greeting(), QStringLiteral("greeting_en"));
 
     m_plugin.reset();
+    QCOMPARE(greeting(), QStringLiteral("Hello"));
+}
+
+// Such is the file of the language that the texts are written in.
+void tst_IPlugin::aFileWithoutTextsReplacesTheFirst()
+{
+    provide({QStringLiteral("greeting_de"), QStringLiteral("greeting_it")});
+    QVERIFY(install(QStringLiteral("de")));
+    QVERIFY(install(QStringLiteral("it")));
     QCOMPARE(greeting(), QStringLiteral("Hello"));
 }
 

@@ -59,6 +59,7 @@ class tst_PluginManager : public QObject
     Q_OBJECT
 
 private slots:
+    void cleanupTestCase();
     void init();
     void cleanup();
 
@@ -83,6 +84,7 @@ private slots:
     void unservedDependenciesAreErrors_data();
     void unservedDependenciesAreErrors();
     void everyMissingDependencyIsNamed();
+    void anInvalidFileServesNoDependency();
     void pluginsInACircleAreErrors();
 
     void libraryWithAMissingSymbolIsAnErrorAtLoad();
@@ -108,6 +110,15 @@ private slots:
     void newPathsShutDownTheOldPlugins();
 };
 
+/// Leaves plug-ins running: a host that forgets to shut down must still end without a crash.
+void tst_PluginManager::cleanupTestCase()
+{
+    QCOMPARE(Fixtures::find({QStringLiteral("first"), QStringLiteral("second")}).size(), 2);
+    PluginManager::loadPlugins();
+    QCOMPARE(runningPlugins().size(), 2);
+    QCOMPARE(PluginManager::allObjects().size(), 2);
+}
+
 void tst_PluginManager::init()
 {
     Fixtures::clearCalls();
@@ -119,6 +130,7 @@ void tst_PluginManager::cleanup()
     PluginManager::setPluginIID(QString());
     PluginManager::setShutdownTimeout(10000);
     QVERIFY(PluginManager::plugins().isEmpty());
+    QVERIFY(PluginManager::allObjects().isEmpty());
 }
 
 void tst_PluginManager::isEmptyAndHarmlessBeforeFirstUse()
@@ -219,7 +231,7 @@ void tst_PluginManager::findsLibrariesOnly()
 
     PluginManager::setPluginPaths({folder.filePath(QStringLiteral("nowhere")), folder.path()});
     QCOMPARE(PluginManager::plugins().size(), 1);
-    QCOMPARE(PluginManager::plugins().first()->filePath(), folder.filePath(QStringLiteral("libsingle.so")));
+    QCOMPARE(PluginManager::plugins().at(0)->filePath(), folder.filePath(QStringLiteral("libsingle.so")));
 }
 
 void tst_PluginManager::findsEachFileOnce()
@@ -232,14 +244,14 @@ void tst_PluginManager::findsEachFileOnce()
 
     PluginManager::setPluginPaths({folder.path(), folder.path(), Fixtures::path(QStringLiteral("single"))});
     QCOMPARE(PluginManager::plugins().size(), 1);
-    QVERIFY(!PluginManager::plugins().first()->hasError());
+    QVERIFY(!PluginManager::plugins().at(0)->hasError());
 }
 
 void tst_PluginManager::readsMetaDataWithoutLoading()
 {
     const QString loaded = QStringLiteral("neverloaded.libraryLoaded");
     QCOMPARE(Fixtures::find({QStringLiteral("neverloaded")}).size(), 1);
-    QCOMPARE(PluginManager::plugins().first()->name(), QStringLiteral("neverloaded"));
+    QCOMPARE(PluginManager::plugins().at(0)->name(), QStringLiteral("neverloaded"));
     QCOMPARE(Fixtures::calls().count(loaded), 0);
 
     // The library does leave its mark.
@@ -277,7 +289,7 @@ void tst_PluginManager::brokenFilesAreInvalidAndHarmNoOthers()
 
     PluginManager::setPluginPaths({folder.path(), Fixtures::path(QStringLiteral("single"))});
     QCOMPARE(PluginManager::plugins().size(), 2);
-    const PluginSpec *spec = PluginManager::plugins().first();
+    const PluginSpec *spec = PluginManager::plugins().at(0);
     QCOMPARE(spec->state(), PluginSpec::Invalid);
     QCOMPARE(spec->name(), QStringLiteral("libbroken"));
     QVERIFY2(spec->errorString().startsWith(broken.fileName() + QStringLiteral(" is not a plug-in: ")),
@@ -293,7 +305,7 @@ void tst_PluginManager::pluginsOfAnotherInterfaceAreInvalid()
 {
     PluginManager::setPluginIID(QStringLiteral("test.plugin"));
     QCOMPARE(Fixtures::find({QStringLiteral("foreign"), QStringLiteral("single")}).size(), 2);
-    const PluginSpec *foreign = PluginManager::plugins().first();
+    const PluginSpec *foreign = PluginManager::plugins().at(0);
     QCOMPARE(foreign->state(), PluginSpec::Invalid);
     QCOMPARE(foreign->name(), QStringLiteral("foreign"));
     QVERIFY(foreign->errorString().contains(Fixtures::file(QStringLiteral("foreign"))));
@@ -340,7 +352,8 @@ void tst_PluginManager::lifeCycleFollowsTheDependencies()
     PluginManager::shutdown();
 
     QStringList calls = Fixtures::calls();
-    for (const QString &library : Fixtures::calls(QStringLiteral("libraryLoaded")))
+    const QStringList libraries = Fixtures::calls(QStringLiteral("libraryLoaded"));
+    for (const QString &library : libraries)
         calls.removeAll(library);
     const QStringList expected{
         QStringLiteral("first.constructed"),
@@ -369,7 +382,7 @@ void tst_PluginManager::pluginsGetTheirArguments()
 {
     QCOMPARE(Fixtures::find({QStringLiteral("first")}).size(), 1);
     PluginManager::loadPlugins();
-    const IPlugin *plugin = PluginManager::plugins().first()->plugin();
+    const IPlugin *plugin = PluginManager::plugins().at(0)->plugin();
     QVERIFY(plugin);
     QCOMPARE(plugin->property("arguments").toStringList(),
              QStringList({QStringLiteral("one"), QStringLiteral("two words")}));
@@ -424,6 +437,24 @@ void tst_PluginManager::everyMissingDependencyIsNamed()
                 ->errorString()
                 .startsWith(QStringLiteral(
                     "\"needsneedsmissing\" needs the plug-in \"needsmissing\", which cannot")));
+}
+
+void tst_PluginManager::anInvalidFileServesNoDependency()
+{
+    QCOMPARE(Fixtures::find({QStringLiteral("invalidfirst"), QStringLiteral("second")}).size(), 2);
+    PluginManager::loadPlugins();
+    const QString error = PluginManager::plugins().at(1)->errorString();
+    QVERIFY2(
+        error.startsWith(QStringLiteral("\"second\" needs the plug-in \"first\", which cannot be used.")),
+        qPrintable(error));
+
+    // Nor does it hide one that does.
+    QCOMPARE(
+        Fixtures::find({QStringLiteral("invalidfirst"), QStringLiteral("second"), QStringLiteral("first")})
+            .size(),
+        3);
+    PluginManager::loadPlugins();
+    QCOMPARE(runningPlugins(), QStringList({QStringLiteral("second"), QStringLiteral("first")}));
 }
 
 void tst_PluginManager::pluginsInACircleAreErrors()
@@ -616,7 +647,8 @@ void tst_PluginManager::shutdownWaitsForAsynchronousPlugins()
     QCOMPARE(Fixtures::calls(QStringLiteral("deleted")).size(), fixtures.size());
     const QStringList finished = Fixtures::calls(QStringLiteral("finished"));
     QCOMPARE(finished.size(), fixtures.filter(QRegularExpression(QStringLiteral("later|atonce"))).size());
-    for (const PluginSpec *spec : PluginManager::plugins()) {
+    const QVector<PluginSpec *> specs = PluginManager::plugins();
+    for (const PluginSpec *spec : specs) {
         QCOMPARE(spec->state(), PluginSpec::Deleted);
         QVERIFY(!spec->hasError());
     }
@@ -650,7 +682,7 @@ void tst_PluginManager::shutdownWaitsWhileTheApplicationQuits()
     });
     QCoreApplication::exec();
     QCOMPARE(Fixtures::calls(QStringLiteral("finished")).size(), 1);
-    QCOMPARE(PluginManager::plugins().first()->state(), PluginSpec::Deleted);
+    QCOMPARE(PluginManager::plugins().at(0)->state(), PluginSpec::Deleted);
 }
 
 void tst_PluginManager::shutdownGoesOnWhenTheTimeIsOver()
@@ -673,13 +705,13 @@ void tst_PluginManager::shutdownTwiceIsHarmless()
 {
     QCOMPARE(Fixtures::find({QStringLiteral("single")}).size(), 1);
     PluginManager::shutdown();
-    QCOMPARE(PluginManager::plugins().first()->state(), PluginSpec::Read);
+    QCOMPARE(PluginManager::plugins().at(0)->state(), PluginSpec::Read);
     PluginManager::loadPlugins();
     PluginManager::shutdown();
     PluginManager::shutdown();
     QCOMPARE(Fixtures::calls(QStringLiteral("aboutToShutdown")).size(), 1);
     QCOMPARE(Fixtures::calls(QStringLiteral("deleted")).size(), 1);
-    QCOMPARE(PluginManager::plugins().first()->state(), PluginSpec::Deleted);
+    QCOMPARE(PluginManager::plugins().at(0)->state(), PluginSpec::Deleted);
 }
 
 void tst_PluginManager::shutdownByAPluginThatIsBeingStartedIsIgnored()

@@ -25,6 +25,9 @@ private slots:
     void providesTheVersionsFromCompatVersionToVersion();
     void compatVersionIsTheVersionWithoutOne();
     void stateFollowsTheLifeCycle();
+
+private:
+    PluginSpec::State m_stateWhenDeleted = PluginSpec::Invalid;
 };
 
 void tst_PluginSpec::cleanup()
@@ -186,10 +189,9 @@ void tst_PluginSpec::stateFollowsTheLifeCycle()
     QCOMPARE(spec->state(), PluginSpec::Running);
     QVERIFY(spec->plugin());
 
-    PluginSpec::State stateWhenDeleted = PluginSpec::Invalid;
-    connect(spec->plugin(), &QObject::destroyed, this, [&] { stateWhenDeleted = spec->state(); });
+    connect(spec->plugin(), &QObject::destroyed, this, [this, spec] { m_stateWhenDeleted = spec->state(); });
     PluginManager::shutdown();
-    QCOMPARE(stateWhenDeleted, PluginSpec::Stopped);
+    QCOMPARE(m_stateWhenDeleted, PluginSpec::Stopped);
     QCOMPARE(spec->state(), PluginSpec::Deleted);
     QVERIFY(!spec->plugin());
     QVERIFY(!spec->hasError());
