@@ -1,0 +1,287 @@
+// SPDX-FileCopyrightText: 2026 The K7 keyboard authors
+// SPDX-License-Identifier: MIT
+
+#include "textticker.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QStaticText>
+#include <QStyle>
+#include <QTextOption>
+#include <QTimer>
+#include <QtMath>
+
+namespace Korvo::EC {
+
+namespace {
+
+constexpr int tickMs = 28; // one pixel a tick: about 36 pixels a second
+constexpr int ticksAtStart = 1000 / tickMs;
+constexpr int gapCharacters = 4;
+
+/// The clock of all tickers; it ends with the last one that holds it.
+std::shared_ptr<QTimer> sharedClock()
+{
+    static std::weak_ptr<QTimer> clock;
+    std::shared_ptr<QTimer> running = clock.lock();
+    if (!running) {
+        running = std::make_shared<QTimer>();
+        running->setTimerType(Qt::PreciseTimer);
+        running->start(tickMs);
+        clock = running;
+    }
+    return running;
+}
+
+QString singleLine(QString text)
+{
+    text.replace(QLatin1String("\r\n"), QLatin1String(" "));
+    for (QChar &character : text) {
+        switch (character.unicode()) {
+        case '\n':
+        case '\v':
+        case '\f':
+        case '\r':
+        case QChar::LineSeparator:
+        case QChar::ParagraphSeparator:
+            character = QLatin1Char(' ');
+            break;
+        default:
+            break;
+        }
+    }
+    return text;
+}
+
+} // namespace
+
+class TextTicker::Private : public QObject
+{
+public:
+    explicit Private(TextTicker *label)
+        : m_label(label)
+    {
+    }
+
+    void arrange();
+    void layOutAnew();
+    void setShown(bool isShown);
+    bool isShown() const { return m_isShown; }
+    void paint(QPainter *painter) const;
+    QSize sizeFor(int characters) const;
+
+private:
+    QRect area() const;
+    QPoint lineStart() const;
+    void drawLine(QPainter *painter, const QPoint &start) const;
+    int gap() const;
+    int offset() const { return qMax(0, m_tick - ticksAtStart); }
+    void layOut();
+    void updateClock();
+    void advance();
+
+    TextTicker *const m_label;
+    std::shared_ptr<QTimer> m_clock; // held while the text scrolls before someone's eyes
+    QStaticText m_line;
+    QSize m_lineSize;
+    QString m_text; // what m_line was laid out from
+    bool m_isLaidOut = false;
+    bool m_scrolls = false;
+    bool m_isShown = false; // isVisible() stays true in a minimised window
+    int m_tick = 0;
+};
+
+/// Brings everything in line with the label's text and room. Cheap when nothing changed.
+void TextTicker::Private::arrange()
+{
+    if (!m_isLaidOut || m_text != m_label->text())
+        layOut();
+
+    const int room = area().width();
+    const bool scrolls = room > 0 && m_lineSize.width() > room;
+    if (scrolls != m_scrolls) {
+        m_scrolls = scrolls;
+        m_tick = 0;
+    }
+    updateClock();
+}
+
+void TextTicker::Private::layOut()
+{
+    m_text = m_label->text();
+    m_line = QStaticText(singleLine(m_text));
+    m_line.setTextFormat(Qt::PlainText);
+    // The line is placed by us, in both writing directions.
+    m_line.setTextOption(QTextOption(Qt::AlignLeft | Qt::AlignAbsolute));
+    m_line.prepare(QTransform(), m_label->font());
+    m_lineSize = QSize(qCeil(m_line.size().width()), qCeil(m_line.size().height()));
+    m_isLaidOut = true;
+    m_tick = 0;
+}
+
+void TextTicker::Private::layOutAnew()
+{
+    m_isLaidOut = false;
+    if (m_isShown)
+        arrange();
+}
+
+void TextTicker::Private::setShown(bool isShown)
+{
+    m_isShown = isShown;
+    if (isShown)
+        arrange();
+    else
+        updateClock();
+}
+
+void TextTicker::Private::updateClock()
+{
+    const bool isNeeded = m_isShown && m_scrolls;
+    if (isNeeded == bool(m_clock))
+        return;
+
+    m_tick = 0;
+    if (isNeeded) {
+        m_clock = sharedClock();
+        connect(m_clock.get(), &QTimer::timeout, this, &Private::advance);
+    } else {
+        disconnect(m_clock.get(), &QTimer::timeout, this, &Private::advance);
+        m_clock.reset();
+    }
+}
+
+void TextTicker::Private::advance()
+{
+    const int shownOffset = offset();
+    ++m_tick;
+    if (offset() >= m_lineSize.width() + gap())
+        m_tick = 0; // the second copy stands where the first began
+    if (offset() != shownOffset)
+        m_label->update(area() & QRect(0, lineStart().y(), m_label->width(), m_lineSize.height()));
+}
+
+QRect TextTicker::Private::area() const
+{
+    const int margin = m_label->margin();
+    return m_label->contentsRect().adjusted(margin, margin, -margin, -margin);
+}
+
+int TextTicker::Private::gap() const
+{
+    return gapCharacters * m_label->fontMetrics().averageCharWidth();
+}
+
+/// Where the line begins when it does not scroll, or stands still.
+QPoint TextTicker::Private::lineStart() const
+{
+    Qt::Alignment alignment = QStyle::visualAlignment(m_label->layoutDirection(), m_label->alignment());
+    if (m_scrolls)
+        alignment = Qt::AlignLeft | (alignment & Qt::AlignVertical_Mask);
+    return QStyle::alignedRect(Qt::LeftToRight, alignment, m_lineSize, area()).topLeft();
+}
+
+void TextTicker::Private::drawLine(QPainter *painter, const QPoint &start) const
+{
+    // Whole device pixels keep the glyphs crisp, and their distances the same from tick to tick.
+    const qreal ratio = painter->device()->devicePixelRatioF();
+    painter->drawStaticText(QPointF(qRound(start.x() * ratio) / ratio, start.y()), m_line);
+}
+
+void TextTicker::Private::paint(QPainter *painter) const
+{
+    painter->setClipRect(area());
+    painter->setPen(m_label->palette().color(m_label->foregroundRole()));
+    if (!m_scrolls) {
+        drawLine(painter, lineStart());
+        return;
+    }
+
+    const QPoint first = lineStart() - QPoint(offset(), 0);
+    const QPoint second = first + QPoint(m_lineSize.width() + gap(), 0);
+    drawLine(painter, first);
+    if (second.x() <= area().right())
+        drawLine(painter, second);
+}
+
+QSize TextTicker::Private::sizeFor(int characters) const
+{
+    m_label->ensurePolished();
+    const QFontMetrics metrics = m_label->fontMetrics();
+    const QMargins contents = m_label->contentsMargins();
+    const int margins = 2 * m_label->margin();
+    return QSize(characters * metrics.averageCharWidth() + contents.left() + contents.right() + margins,
+                 metrics.height() + contents.top() + contents.bottom() + margins);
+}
+
+TextTicker::TextTicker(QWidget *parent)
+    : QLabel(parent)
+    , m_d(std::make_unique<Private>(this))
+{
+    setTextFormat(Qt::PlainText);
+    setAlignment(Qt::AlignCenter);
+}
+
+TextTicker::~TextTicker() = default;
+
+void TextTicker::setText(const QString &text)
+{
+    if (text == this->text())
+        return;
+    QLabel::setText(text);
+    if (m_d->isShown())
+        m_d->arrange();
+}
+
+QSize TextTicker::sizeHint() const
+{
+    return m_d->sizeFor(10);
+}
+
+QSize TextTicker::minimumSizeHint() const
+{
+    return m_d->sizeFor(3);
+}
+
+void TextTicker::paintEvent(QPaintEvent *)
+{
+    m_d->arrange(); // the text may have been set through QLabel
+    QPainter painter(this);
+    drawFrame(&painter);
+    m_d->paint(&painter);
+}
+
+void TextTicker::resizeEvent(QResizeEvent *event)
+{
+    QLabel::resizeEvent(event);
+    if (m_d->isShown())
+        m_d->arrange();
+}
+
+void TextTicker::changeEvent(QEvent *event)
+{
+    QLabel::changeEvent(event);
+    switch (event->type()) {
+    case QEvent::FontChange:
+    case QEvent::StyleChange:
+    case QEvent::ContentsRectChange:
+        m_d->layOutAnew();
+        break;
+    default:
+        break;
+    }
+}
+
+void TextTicker::showEvent(QShowEvent *event)
+{
+    QLabel::showEvent(event);
+    m_d->setShown(true);
+}
+
+void TextTicker::hideEvent(QHideEvent *event)
+{
+    QLabel::hideEvent(event);
+    m_d->setShown(false);
+}
+
+} // namespace Korvo::EC
