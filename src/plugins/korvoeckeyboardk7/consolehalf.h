@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The K7 keyboard authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+#include <QThread>
+
+/// What both console halves do alike.
+namespace Korvo::ECKeyboard::K7::Internal {
+
+/// Runs \a call on the GUI thread that \a half lives in: at once when it is called there, else from the
+/// event loop, in the order of calls. A half that goes first takes its waiting calls along.
+template <typename Call>
+void onGuiThread(const QObject *half, Call call)
+{
+    if (QThread::currentThread() == half->thread()) {
+        call();
+        return;
+    }
+    const QObject carrier;
+    QObject::connect(&carrier, &QObject::destroyed, half, call, Qt::QueuedConnection);
+}
+
+/// Hands something to each of \a sections, in the order given; their results do not matter.
+template <typename Operation, typename... Sections>
+void forEachSection(const Operation &operation, Sections *...sections)
+{
+    (operation(sections), ...);
+}
+
+/// Makes the signals of the key section \a section signals of \a half.
+template <typename Section, typename Half>
+void relayKeys(const Section *section, const Half *half)
+{
+    QObject::connect(section, &Section::ecButtonPressed, half, &Half::ecButtonPressed);
+    QObject::connect(section, &Section::ecButtonRelease, half, &Half::ecButtonRelease);
+}
+
+} // namespace Korvo::ECKeyboard::K7::Internal

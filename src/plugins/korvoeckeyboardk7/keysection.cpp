@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The K7 keyboard authors
+// SPDX-License-Identifier: MIT
+
+#include "keysection.h"
+
+#include "korvoeckeyboardk7plugin.h"
+
+#include <korvo/ec/k7dropbutton.h>
+#include <korvo/ec/textticker.h>
+#include <korvo/keyboard/constants.h>
+#include <korvo/keyboard/records.h>
+
+#include <QStyle>
+#include <QVariant>
+
+#include <algorithm>
+
+namespace Korvo::ECKeyboard::K7::Internal {
+
+namespace {
+
+constexpr quint32 KeyCodeOffset = 0xff0000;
+constexpr quint32 BroadcastKey = 255;
+
+template <typename Widgets>
+auto findById(const Widgets &widgets, quint32 id) -> typename Widgets::value_type
+{
+    const auto match = std::find_if(widgets.cbegin(), widgets.cend(), [id](const auto *widget) {
+        return widget && static_cast<quint32>(keyId(widget)) == id;
+    });
+    return match != widgets.cend() ? *match : nullptr;
+}
+
+} // namespace
+
+int keyId(const QObject *widget)
+{
+    return widget->property(Constants::PROPERTY_KORVOECKEY).toInt();
+}
+
+quint32 keyCode(const QObject *key)
+{
+    return static_cast<quint32>(keyId(key)) + KeyCodeOffset;
+}
+
+void mark(QWidget *widget, const char *name)
+{
+    if (widget->property(name) == true)
+        return;
+
+    widget->setProperty(name, true);
+    if (widget->testAttribute(Qt::WA_WState_Polished)) {
+        widget->style()->unpolish(widget);
+        widget->style()->polish(widget);
+        widget->update();
+    }
+}
+
+void markAll(const QButtonGroup *group, const char *name)
+{
+    const QList<QAbstractButton *> buttons = group->buttons();
+    for (QAbstractButton *button : buttons)
+        mark(button, name);
+}
+
+void appendKeys(KeyList *keys, const QButtonGroup *group)
+{
+    const QList<QAbstractButton *> buttons = group->buttons();
+    for (QAbstractButton *button : buttons)
+        keys->append(qobject_cast<EC::K7DropButton *>(button));
+}
+
+void appendLabels(LabelList *labels, const QObject *holder)
+{
+    labels->append(holder->findChildren<EC::TextTicker *>());
+}
+
+void paintKey(QWidget *key, const QString &styleSheet)
+{
+    // Others may set the style sheet too, so what the key shows is asked of the key.
+    if (key->styleSheet() != styleSheet)
+        key->setStyleSheet(styleSheet);
+}
+
+void paintIdle(const QButtonGroup *group)
+{
+    const QString white = K7Plugin::instance()->ecButtonBorderImageCSS(WhiteButton);
+    const QList<QAbstractButton *> buttons = group->buttons();
+    for (QAbstractButton *button : buttons)
+        paintKey(button, white);
+}
+
+void paintIdle(const PageKeys &pageKeys)
+{
+    // An idle page-up key is black, an idle page-down key white: that is how the console lights them.
+    const K7Plugin *plugin = K7Plugin::instance();
+    paintKey(pageKeys.up, plugin->ecButtonBorderImageCSS(PageUpBlackButton));
+    paintKey(pageKeys.down, plugin->ecButtonBorderImageCSS(PageDownWhiteButton));
+}
+
+bool paintAllKeys(const KeyList &keys, const std::shared_ptr<ECButtonColor> &color)
+{
+    if (!color || color->ButtonKey != BroadcastKey)
+        return false;
+
+    const QString styleSheet = K7Plugin::instance()->ecButtonBorderImageCSS(color);
+    for (EC::K7DropButton *key : keys) {
+        if (key)
+            paintKey(key, styleSheet);
+    }
+    return true;
+}
+
+bool paintMatchingKey(const KeyList &keys, const std::shared_ptr<ECButtonColor> &color,
+                      const PageKeys &pageKeys)
+{
+    EC::K7DropButton *key = color ? findById(keys, color->ButtonKey) : nullptr;
+    if (!key)
+        return false;
+
+    const K7Plugin *plugin = K7Plugin::instance();
+    if (key == pageKeys.up)
+        paintKey(key, plugin->ecPageUpButtonBorderImageCSS(color));
+    else if (key == pageKeys.down)
+        paintKey(key, plugin->ecPageDownButtonBorderImageCSS(color));
+    else
+        paintKey(key, plugin->ecButtonBorderImageCSS(color));
+    return true;
+}
+
+bool writeMatchingLabel(const LabelList &labels, const std::shared_ptr<ECOLEDText> &text)
+{
+    EC::TextTicker *label = text ? findById(labels, text->OledKey) : nullptr;
+    if (!label)
+        return false;
+
+    const int length = static_cast<int>(qstrnlen(text->OledText, sizeof(text->OledText)));
+    label->setText(QString::fromUtf8(text->OledText, length));
+    return true;
+}
+
+} // namespace Korvo::ECKeyboard::K7::Internal

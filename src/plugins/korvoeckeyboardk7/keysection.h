@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The K7 keyboard authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QAbstractButton>
+#include <QButtonGroup>
+#include <QList>
+
+#include <memory>
+
+namespace Korvo {
+struct ECButtonColor;
+struct ECOLEDText;
+} // namespace Korvo
+
+namespace Korvo::EC {
+class K7DropButton;
+class TextTicker;
+} // namespace Korvo::EC
+
+/// What all key sections do alike. A section adds its form, its lists, its markers and its slots.
+/// GUI thread only.
+namespace Korvo::ECKeyboard::K7::Internal {
+
+using KeyList = QList<Korvo::EC::K7DropButton *>;
+using LabelList = QList<Korvo::EC::TextTicker *>;
+
+/// The keys of a section that carry arrows; both null in a section without pages.
+struct PageKeys
+{
+    QAbstractButton *up = nullptr;
+    QAbstractButton *down = nullptr;
+};
+
+/// The id of a key or of an OLED label; 0 when it has none that is a number.
+int keyId(const QObject *widget);
+
+/// What the host knows a key by: its id plus 0xff0000.
+quint32 keyCode(const QObject *key);
+
+/// Sends the code of \a key as pressed or released from the section \a keyboard; nothing for null.
+template <typename Keyboard>
+void sendPress(Keyboard *keyboard, const QAbstractButton *key)
+{
+    if (key)
+        Q_EMIT keyboard->ecButtonPressed(keyCode(key));
+}
+
+template <typename Keyboard>
+void sendRelease(Keyboard *keyboard, const QAbstractButton *key)
+{
+    if (key)
+        Q_EMIT keyboard->ecButtonRelease(keyCode(key));
+}
+
+/// Connects a group of keys, or one key, to a pair of slots of \a receiver.
+template <typename Receiver>
+void connectGroup(const QButtonGroup *group, const Receiver *receiver,
+                  void (Receiver::*pressed)(QAbstractButton *), void (Receiver::*released)(QAbstractButton *))
+{
+    QObject::connect(group, QOverload<QAbstractButton *>::of(&QButtonGroup::buttonPressed), receiver,
+                     pressed);
+    QObject::connect(group, QOverload<QAbstractButton *>::of(&QButtonGroup::buttonReleased), receiver,
+                     released);
+}
+
+template <typename Receiver>
+void connectKey(const QAbstractButton *key, const Receiver *receiver, void (Receiver::*pressed)(),
+                void (Receiver::*released)())
+{
+    QObject::connect(key, &QAbstractButton::pressed, receiver, pressed);
+    QObject::connect(key, &QAbstractButton::released, receiver, released);
+}
+
+/// Sets the style-sheet marker property \a name to true, and makes it take effect.
+void mark(QWidget *widget, const char *name);
+
+/// The same for every button of \a group.
+void markAll(const QButtonGroup *group, const char *name);
+
+/// Appends the buttons of \a group in the group's order. A button that is no key leaves a null entry.
+void appendKeys(KeyList *keys, const QButtonGroup *group);
+
+/// Appends all OLED labels below \a holder, in child order.
+void appendLabels(LabelList *labels, const QObject *holder);
+
+/// Paints \a key with \a styleSheet; costs nothing when it looks so already.
+void paintKey(QWidget *key, const QString &styleSheet);
+
+/// Gives every button of \a group the idle look of ordinary keys; the same for the page keys.
+void paintIdle(const QButtonGroup *group);
+void paintIdle(const PageKeys &pageKeys);
+
+/// Paints every entry of \a keys in the look of an ordinary key, page keys included, when \a color is a
+/// broadcast. False for all other records and for null.
+bool paintAllKeys(const KeyList &keys, const std::shared_ptr<ECButtonColor> &color);
+
+/// Paints the first of \a keys that has the id of \a color. False when there is none, and for null.
+bool paintMatchingKey(const KeyList &keys, const std::shared_ptr<ECButtonColor> &color,
+                      const PageKeys &pageKeys = PageKeys());
+
+/// Writes \a text to the first of \a labels that has its id. False when there is none, and for null.
+bool writeMatchingLabel(const LabelList &labels, const std::shared_ptr<ECOLEDText> &text);
+
+} // namespace Korvo::ECKeyboard::K7::Internal

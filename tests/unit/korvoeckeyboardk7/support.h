@@ -1,0 +1,103 @@
+// SPDX-FileCopyrightText: 2026 The K7 keyboard authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "korvoeckeyboardk7plugin.h"
+
+#include <korvo/keyboard/records.h>
+#include <korvo/utils/icon.h>
+
+#include <QEvent>
+#include <QFile>
+#include <QHash>
+#include <QObject>
+#include <QStringList>
+#include <QVector>
+
+#include <cstring>
+#include <memory>
+
+/// A plug-in whose key pictures are resolved, as sections find it in the console.
+struct LivePlugin
+{
+    LivePlugin()
+    {
+        Korvo::Utils::Icon::setThemePath(QStringLiteral(K7_THEME));
+        plugin.initStyleSheet();
+    }
+    Korvo::ECKeyboard::K7Plugin plugin;
+};
+
+inline std::shared_ptr<Korvo::ECButtonColor> colorRecord(quint32 key, quint8 red, quint8 green, quint8 blue)
+{
+    auto record = std::make_shared<Korvo::ECButtonColor>();
+    record->ButtonKey = key;
+    record->R = red;
+    record->G = green;
+    record->B = blue;
+    return record;
+}
+
+/// A text record; longer texts are cut to the 32 bytes that a record holds, without a closing zero.
+inline std::shared_ptr<Korvo::ECOLEDText> textRecord(quint32 label, const QByteArray &text)
+{
+    auto record = std::make_shared<Korvo::ECOLEDText>();
+    record->OledKey = label;
+    std::memcpy(record->OledText, text.constData(), qMin(size_t(text.size()), sizeof(record->OledText)));
+    return record;
+}
+
+/// Counts the events that mean work: style changes, re-polishing, layout and painting.
+class WorkCounter : public QObject
+{
+public:
+    explicit WorkCounter(QObject *watched) { watched->installEventFilter(this); }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        switch (event->type()) {
+        case QEvent::StyleChange:
+        case QEvent::Polish:
+        case QEvent::LayoutRequest:
+        case QEvent::UpdateRequest:
+        case QEvent::Paint:
+            ++count;
+            break;
+        default:
+            break;
+        }
+        return false;
+    }
+    int count = 0;
+};
+
+/// One row of a table of facts, by column name. An absent value is "-".
+using Fact = QHash<QString, QString>;
+
+inline QVector<Fact> readFacts(const QString &name)
+{
+    QFile file(QStringLiteral(K7_FACTS "/%1.tsv").arg(name));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(file.fileName()));
+
+    QVector<Fact> facts;
+    QStringList columns;
+    const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+    for (const QString &line : lines) {
+        if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
+            continue;
+        QStringList cells = line.split(QLatin1Char('\t'));
+        cells.replaceInStrings(QStringLiteral("\"\""), QString());
+        if (columns.isEmpty()) {
+            columns = cells;
+            continue;
+        }
+        if (cells.size() != columns.size())
+            qFatal("a row of %s has too few or too many cells: %s", qPrintable(name), qPrintable(line));
+        Fact fact;
+        for (int i = 0; i < columns.size(); ++i)
+            fact.insert(columns.at(i), cells.at(i));
+        facts << fact;
+    }
+    return facts;
+}
