@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: 2026 The K7 keyboard authors
+// SPDX-License-Identifier: MIT
+
+#include "display.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace K7Host {
+
+namespace {
+
+// What Qt reads.
+const char PlatformVariable[] = "QT_QPA_PLATFORM";
+const char RuntimeDirVariable[] = "XDG_RUNTIME_DIR";
+const char ScaleVariable[] = "QT_SCALE_FACTOR";
+
+// Tried in this order.
+const char Platforms[] = "xcb;wayland;offscreen";
+
+QtMessageHandler usualHandler = nullptr; // while Qt's words are kept from the log
+
+/// Without any platform that it can use, Qt ends the program; this then says so.
+void passOnlyTheEnd(QtMsgType type, const QMessageLogContext & /*context*/, const QString & /*text*/)
+{
+    if (type != QtFatalMsg)
+        return;
+    complain(QStringLiteral("cannot use the platform '%1' of %2")
+                 .arg(QString::fromLocal8Bit(qgetenv(PlatformVariable)), QLatin1String(PlatformVariable)));
+    std::_Exit(ExitBadArguments);
+}
+
+/// Without one from the session, Qt makes up a folder, and says so each time.
+void keepRuntimeDir()
+{
+    if (qEnvironmentVariableIsEmpty(RuntimeDirVariable)) {
+        const QString dir = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+        qputenv(RuntimeDirVariable, QFile::encodeName(dir));
+    }
+}
+
+bool isOffscreen()
+{
+    return QGuiApplication::platformName() == QLatin1String("offscreen");
+}
+
+} // namespace
+
+void prepareDisplay(const Options &options)
+{
+    // Fonts and sizes are the console's own, whatever desktop it is shown on.
+    QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
+    QGuiApplication::setDesktopSettingsAware(false);
+
+    usualHandler = qInstallMessageHandler(passOnlyTheEnd);
+    keepRuntimeDir();
+    if (qEnvironmentVariableIsEmpty(PlatformVariable))
+        qputenv(PlatformVariable, Platforms);
+    if (options.scaleGiven)
+        qputenv(ScaleVariable, QByteArray::number(std::max(options.scale, qreal(1))));
+}
+
+std::optional<Fault> checkDisplay(const Options &options)
+{
+    qInstallMessageHandler(usualHandler);
+    if (!isOffscreen() || qgetenv(PlatformVariable) != Platforms)
+        return {};
+    if (options.screenshotDir.isEmpty()) {
+        return Fault{ExitBadArguments,
+                     QStringLiteral("no display: set DISPLAY or WAYLAND_DISPLAY, or use --screenshot")};
+    }
+    complain(QStringLiteral("no display, running offscreen"));
+    return {};
+}
+
+qreal reduction(const Options &options, const QSize &native)
+{
+    if (options.scale > 0)
+        return std::min(options.scale, qreal(1));
+    const bool isScaledByUser = !options.scaleGiven && !qEnvironmentVariableIsEmpty(ScaleVariable);
+    if (isScaledByUser || isOffscreen())
+        return 1;
+    return fittingFactor(native, QGuiApplication::primaryScreen()->availableSize());
+}
+
+qreal fittingFactor(const QSize &native, const QSize &available)
+{
+    const qreal width = available.width() / qreal(native.width());
+    const qreal height = available.height() / qreal(native.height());
+    // Rounding down leaves some room for the window's frame.
+    const qreal hundredths = std::floor(std::min({width, height, qreal(1)}) * 100);
+    return std::max(hundredths, qreal(1)) / 100;
+}
+
+} // namespace K7Host

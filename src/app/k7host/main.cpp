@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The K7 keyboard authors
+// SPDX-License-Identifier: MIT
+
+#include "applytheme.h"
+#include "consolesession.h"
+#include "consolewindow.h"
+#include "display.h"
+#include "hostsettings.h"
+#include "logging.h"
+#include "options.h"
+#include "pluginhost.h"
+#include "quitonsignal.h"
+#include "scaledview.h"
+#include "screenshot.h"
+#include "simulatedprocessor.h"
+
+#include <QApplication>
+
+#include <cstdio>
+#include <memory>
+
+using namespace K7Host;
+
+namespace {
+
+CommandLine readCommandLine(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv); // knows the program's folder
+    return parseCommandLine(QCoreApplication::arguments(), QCoreApplication::applicationDirPath());
+}
+
+int print(const QString &text)
+{
+    std::fputs(qPrintable(text), stdout);
+    return ExitDone;
+}
+
+int listPlugins(int argc, char *argv[], const Options &options)
+{
+    const QCoreApplication application(argc, argv);
+    const HostSettings settings(options.language);
+    PluginHost plugins(settings.store());
+    if (const auto fault = plugins.load(options.pluginDir))
+        return report(*fault);
+    return print(plugins.descriptions().join(QLatin1Char('\n')) + QLatin1Char('\n'));
+}
+
+/// Shows the window, in a view when it is to be smaller than it is.
+std::unique_ptr<QWidget> show(ConsoleWindow *window, const Options &options)
+{
+    const qreal factor = reduction(options, window->size());
+    std::unique_ptr<QWidget> view;
+    if (factor < 1)
+        view = std::make_unique<ScaledView>(window, factor);
+    (view ? view.get() : window)->show();
+    return view;
+}
+
+/// Does what was asked for once the console is shown.
+void finishStart(ConsoleWindow *window, const Options &options)
+{
+    if (!options.screenshotDir.isEmpty()) {
+        const qreal factor = options.scale > 0 ? options.scale : 1;
+        if (const auto fault = saveScreenshot(window->picture(factor), options.screenshotDir))
+            return QCoreApplication::exit(report(*fault));
+    }
+    if (options.exit)
+        QCoreApplication::exit(ExitDone);
+}
+
+int showConsole(int argc, char *argv[], const Options &options)
+{
+    prepareDisplay(options);
+    QApplication application(argc, argv);
+    if (const auto fault = checkDisplay(options))
+        return report(*fault);
+    if (const auto fault = applyTheme(options.themeDir))
+        return report(*fault);
+
+    const HostSettings settings(options.language);
+    PluginHost plugins(settings.store());
+    if (const auto fault = plugins.load(options.pluginDir))
+        return report(*fault);
+    Korvo::IKorvoECKeyboardPlugin *plugin = plugins.keyboardPlugin();
+    if (!plugin) {
+        return report({ExitPluginUnusable,
+                       QStringLiteral("no plug-in in %1 supplies a console").arg(options.pluginDir)});
+    }
+
+    SimulatedProcessor processor;
+    ConsoleSession session(plugin, &processor);
+    session.start();
+
+    ConsoleWindow window(session.halves());
+    QObject::connect(&window, &ConsoleWindow::shown, &window, [&] { finishStart(&window, options); });
+    const auto view = show(&window, options);
+
+    const QuitOnSignal quitOnSignal;
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const CommandLine commandLine = readCommandLine(argc, argv);
+    switch (commandLine.outcome) {
+    case CommandLine::Answered:
+        return print(commandLine.text);
+    case CommandLine::Refused:
+        return report({ExitBadArguments, commandLine.text});
+    case CommandLine::Run:
+        break;
+    }
+    setUpLogging(commandLine.options.verbose);
+    return commandLine.options.listPlugins ? listPlugins(argc, argv, commandLine.options)
+                                           : showConsole(argc, argv, commandLine.options);
+}

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The K7 keyboard authors
+// SPDX-License-Identifier: MIT
+
+#include "scaledview.h"
+
+#include "touchproxy.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QGraphicsScene>
+
+namespace K7Host {
+
+ScaledView::ScaledView(QWidget *window, qreal factor)
+    : QGraphicsView(new QGraphicsScene)
+    , m_factor(factor)
+    , m_proxy(new TouchProxy(window))
+{
+    scene()->setParent(this);
+    scene()->addItem(m_proxy);
+    viewport()->setAttribute(Qt::WA_AcceptTouchEvents);
+    setWindowTitle(window->windowTitle());
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+    scale(m_factor, m_factor);
+    // The window alone decides on its size.
+    m_proxy->setMinimumSize(0, 0);
+    m_proxy->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    // Only this view keeps the application running.
+    window->setAttribute(Qt::WA_QuitOnClose, false);
+    connect(m_proxy, &QGraphicsWidget::geometryChanged, this, &ScaledView::followSize);
+    followSize();
+    m_proxy->setFocus();
+}
+
+ScaledView::~ScaledView()
+{
+    // It would delete the window.
+    m_proxy->setWidget(nullptr);
+}
+
+// The scene keeps the ends of touches and of activity to itself, but keys that are held must come up.
+
+bool ScaledView::event(QEvent *event)
+{
+    const bool isEnd = event->type() == QEvent::WindowDeactivate || event->type() == QEvent::WindowBlocked ||
+                       event->type() == QEvent::Hide;
+    if (isEnd) {
+        QEvent deactivate(QEvent::WindowDeactivate);
+        QCoreApplication::sendEvent(m_proxy->widget(), &deactivate);
+    }
+    return QGraphicsView::event(event);
+}
+
+bool ScaledView::viewportEvent(QEvent *event)
+{
+    if (event->type() == QEvent::TouchCancel)
+        return scene()->sendEvent(m_proxy, event);
+    return QGraphicsView::viewportEvent(event);
+}
+
+void ScaledView::followSize()
+{
+    setSceneRect(m_proxy->geometry());
+    setFixedSize((m_proxy->size() * m_factor).toSize());
+}
+
+} // namespace K7Host

@@ -1,0 +1,245 @@
+// SPDX-FileCopyrightText: 2026 The K7 keyboard authors
+// SPDX-License-Identifier: MIT
+
+#include "fakekeyboard.h"
+
+#include <consolesession.h>
+
+#include <QTest>
+#include <QThread>
+
+using K7Host::ConsoleSession;
+using K7Host::DeviceLink;
+using K7Host::FakeKeyboard;
+using K7Host::FakeKeyboardPlugin;
+
+namespace {
+
+class RecordingLink : public DeviceLink
+{
+public:
+    void keyPressed(quint32 code) override { pressed << code; }
+    void keyReleased(quint32 code) override { released << code; }
+    void refresh() override { ++refreshCount; }
+
+    QVector<quint32> pressed;
+    QVector<quint32> released;
+    int refreshCount = 0;
+};
+
+template <typename Record>
+std::shared_ptr<void> emitRecord(DeviceLink *link, void (DeviceLink::*report)(std::shared_ptr<Record>))
+{
+    const auto record = std::make_shared<Record>();
+    (link->*report)(record);
+    return record;
+}
+
+using Emit = std::shared_ptr<void> (*)(DeviceLink *);
+
+} // namespace
+
+Q_DECLARE_METATYPE(Emit)
+
+class tst_ConsoleSession : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void startMakesTheConsoleReadyAndThenAsksForRecords();
+    void startAsksTheLinkOnce();
+    void halvesAreLeftThenRight();
+    void keysOfThePluginReachTheLink();
+    void aChangedModeAsksForEveryRecord();
+    void bothHalvesGetEveryRecord_data();
+    void bothHalvesGetEveryRecord();
+    void nullRecordsArePassedOn();
+    void recordsArriveInTheThreadTheyComeFrom();
+    void aHalfThatIsGoneIsLeftOut();
+    void recordsBeforeTheStartReachNobody();
+    void aClosedSessionPassesNothingOn();
+
+private:
+    QScopedPointer<FakeKeyboardPlugin> m_plugin;
+    QScopedPointer<RecordingLink> m_link;
+    QScopedPointer<ConsoleSession> m_session;
+};
+
+void tst_ConsoleSession::init()
+{
+    m_plugin.reset(new FakeKeyboardPlugin);
+    m_link.reset(new RecordingLink);
+    m_session.reset(new ConsoleSession(m_plugin.data(), m_link.data()));
+}
+
+void tst_ConsoleSession::cleanup()
+{
+    m_session.reset();
+    m_link.reset();
+    m_plugin.reset();
+}
+
+void tst_ConsoleSession::startMakesTheConsoleReadyAndThenAsksForRecords()
+{
+    class JournalLink : public RecordingLink
+    {
+    public:
+        explicit JournalLink(QStringList *journal)
+            : m_journal(journal)
+        {
+        }
+        void refresh() override { *m_journal << QStringLiteral("refresh"); }
+
+    private:
+        QStringList *const m_journal;
+    };
+
+    FakeKeyboardPlugin plugin;
+    JournalLink link(&plugin.journal);
+    ConsoleSession session(&plugin, &link);
+    QCOMPARE(plugin.journal, QStringList());
+
+    session.start();
+    const QStringList expectedJournal{QStringLiteral("initStyleSheet"), QStringLiteral("keyboards"),
+                                      plugin.left->displayName() + QStringLiteral(" applyNoramlStyleSheet"),
+                                      plugin.right->displayName() + QStringLiteral(" applyNoramlStyleSheet"),
+                                      QStringLiteral("refresh")};
+    QCOMPARE(plugin.journal, expectedJournal);
+}
+
+void tst_ConsoleSession::startAsksTheLinkOnce()
+{
+    QCOMPARE(m_link->refreshCount, 0);
+    m_session->start();
+    QCOMPARE(m_link->refreshCount, 1);
+}
+
+void tst_ConsoleSession::halvesAreLeftThenRight()
+{
+    QVERIFY(m_session->halves().isEmpty());
+    m_session->start();
+    QCOMPARE(m_session->halves().size(), 2);
+    QVERIFY(m_session->halves().at(0) == m_plugin->left);
+    QVERIFY(m_session->halves().at(1) == m_plugin->right);
+}
+
+void tst_ConsoleSession::keysOfThePluginReachTheLink()
+{
+    m_session->start();
+    emit m_plugin->ecButtonPressed(0xff0026);
+    QCOMPARE(m_link->pressed, QVector<quint32>{0xff0026});
+    QCOMPARE(m_link->released, QVector<quint32>{});
+    emit m_plugin->ecButtonRelease(0xff0027);
+    QCOMPARE(m_link->pressed, QVector<quint32>{0xff0026});
+    QCOMPARE(m_link->released, QVector<quint32>{0xff0027});
+    QCOMPARE(m_link->refreshCount, 1);
+}
+
+void tst_ConsoleSession::aChangedModeAsksForEveryRecord()
+{
+    m_session->start();
+    emit m_plugin->signalKorvoPluginModeChanged();
+    QCOMPARE(m_link->refreshCount, 2);
+}
+
+void tst_ConsoleSession::bothHalvesGetEveryRecord_data()
+{
+    QTest::addColumn<Emit>("emitOne");
+    QTest::addColumn<QString>("expectedCall");
+    const auto row = [](const char *expectedCall, Emit emitOne) {
+        QTest::newRow(expectedCall) << emitOne << QString::fromLatin1(expectedCall);
+    };
+    row("updateECButtonColor",
+        [](DeviceLink *link) { return emitRecord(link, &DeviceLink::buttonColorReported); });
+    row("updateECOledText", [](DeviceLink *link) { return emitRecord(link, &DeviceLink::oledTextReported); });
+    row("updateTBarValue", [](DeviceLink *link) { return emitRecord(link, &DeviceLink::tBarValueReported); });
+    row("updateECDeviceIP", [](DeviceLink *link) { return emitRecord(link, &DeviceLink::deviceIPReported); });
+    row("updateDVISignalStatus",
+        [](DeviceLink *link) { return emitRecord(link, &DeviceLink::dviSignalReported); });
+    row("updatePeripheralVisibleState",
+        [](DeviceLink *link) { return emitRecord(link, &DeviceLink::peripheralVisibilityReported); });
+}
+
+void tst_ConsoleSession::bothHalvesGetEveryRecord()
+{
+    QFETCH(Emit, emitOne);
+    QFETCH(QString, expectedCall);
+    m_session->start();
+    for (FakeKeyboard *half : {m_plugin->left.data(), m_plugin->right.data()})
+        half->calls.clear();
+
+    const std::shared_ptr<void> record = emitOne(m_link.data());
+    for (const FakeKeyboard *half : {m_plugin->left.data(), m_plugin->right.data()}) {
+        QCOMPARE(half->calls, QStringList{expectedCall});
+        QVERIFY(half->lastRecord == record);
+    }
+}
+
+void tst_ConsoleSession::nullRecordsArePassedOn()
+{
+    m_session->start();
+    emit m_link->tBarValueReported(nullptr);
+    QCOMPARE(m_plugin->left->calls.last(), QStringLiteral("updateTBarValue"));
+    QVERIFY(!m_plugin->left->lastRecord);
+}
+
+void tst_ConsoleSession::recordsArriveInTheThreadTheyComeFrom()
+{
+    class Emitter : public QThread
+    {
+    public:
+        explicit Emitter(DeviceLink *link)
+            : m_link(link)
+        {
+        }
+
+    protected:
+        void run() override { emit m_link->deviceIPReported(std::make_shared<Korvo::ECDeviceIPData>()); }
+
+    private:
+        DeviceLink *const m_link;
+    };
+
+    m_session->start();
+    Emitter emitter(m_link.data());
+    emitter.start();
+    QVERIFY(emitter.wait());
+    for (const FakeKeyboard *half : {m_plugin->left.data(), m_plugin->right.data()}) {
+        QCOMPARE(half->calls.last(), QStringLiteral("updateECDeviceIP"));
+        QVERIFY(half->lastThread == &emitter);
+    }
+}
+
+void tst_ConsoleSession::aHalfThatIsGoneIsLeftOut()
+{
+    m_session->start();
+    m_plugin->left.reset();
+    QVERIFY(m_session->halves().first().isNull());
+    emit m_link->tBarValueReported(std::make_shared<Korvo::ECTBarValue>());
+    QCOMPARE(m_plugin->right->calls.last(), QStringLiteral("updateTBarValue"));
+}
+
+void tst_ConsoleSession::recordsBeforeTheStartReachNobody()
+{
+    m_plugin->keyboards();
+    emit m_link->tBarValueReported(std::make_shared<Korvo::ECTBarValue>());
+    QCOMPARE(m_plugin->left->calls, QStringList());
+}
+
+void tst_ConsoleSession::aClosedSessionPassesNothingOn()
+{
+    m_session->start();
+    m_plugin->left->calls.clear();
+    m_session.reset();
+    emit m_link->tBarValueReported(std::make_shared<Korvo::ECTBarValue>());
+    QCOMPARE(m_plugin->left->calls, QStringList());
+    emit m_plugin->ecButtonPressed(0xff0026);
+    QCOMPARE(m_link->pressed, QVector<quint32>());
+}
+
+QTEST_MAIN(tst_ConsoleSession)
+
+#include "tst_consolesession.moc"

@@ -1,0 +1,172 @@
+// SPDX-FileCopyrightText: 2026 The K7 keyboard authors
+// SPDX-License-Identifier: MIT
+
+#include <options.h>
+
+#include <QRegularExpression>
+#include <QTest>
+
+using K7Host::CommandLine;
+using K7Host::parseCommandLine;
+
+class tst_Options : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void withoutArgumentsEverythingHasItsDefault();
+    void valuesAreTakenOver();
+    void switchesAreTakenOver_data();
+    void switchesAreTakenOver();
+    void scaleIsFitOrAFactor_data();
+    void scaleIsFitOrAFactor();
+    void wrongArgumentsAreRefusedInOneLine_data();
+    void wrongArgumentsAreRefusedInOneLine();
+    void helpListsExactlyWhatThereIs();
+    void versionIsTold();
+};
+
+static CommandLine parse(const QStringList &arguments)
+{
+    return parseCommandLine(QStringList(QStringLiteral("k7host")) + arguments, QStringLiteral("/opt/k7/bin"));
+}
+
+void tst_Options::withoutArgumentsEverythingHasItsDefault()
+{
+    const CommandLine line = parse({});
+    QCOMPARE(line.outcome, CommandLine::Run);
+    QCOMPARE(line.options.pluginDir, QStringLiteral("/opt/k7/lib/korvo/plugins"));
+    QCOMPARE(line.options.themeDir, QStringLiteral("/opt/k7/share/korvo/themes/k7"));
+    QCOMPARE(line.options.language, QString());
+    QVERIFY(!line.options.scaleGiven);
+    QCOMPARE(line.options.scale, 0.0);
+    QCOMPARE(line.options.screenshotDir, QString());
+    QVERIFY(!line.options.exit);
+    QVERIFY(!line.options.listPlugins);
+    QVERIFY(!line.options.verbose);
+}
+
+void tst_Options::valuesAreTakenOver()
+{
+    const CommandLine line =
+        parse({QStringLiteral("--plugin-dir"), QStringLiteral("some/plugins"),
+               QStringLiteral("--theme=/looks"), QStringLiteral("--lang"), QStringLiteral("de_CH"),
+               QStringLiteral("--screenshot"), QStringLiteral(".")});
+    QCOMPARE(line.outcome, CommandLine::Run);
+    QCOMPARE(line.options.pluginDir, QStringLiteral("some/plugins"));
+    QCOMPARE(line.options.themeDir, QStringLiteral("/looks"));
+    QCOMPARE(line.options.language, QStringLiteral("de_CH"));
+    QCOMPARE(line.options.screenshotDir, QStringLiteral("."));
+}
+
+void tst_Options::switchesAreTakenOver_data()
+{
+    QTest::addColumn<QString>("argument");
+    QTest::addColumn<bool>("exit");
+    QTest::addColumn<bool>("listPlugins");
+    QTest::addColumn<bool>("verbose");
+    QTest::newRow("exit") << QStringLiteral("--exit") << true << false << false;
+    QTest::newRow("list-plugins") << QStringLiteral("--list-plugins") << false << true << false;
+    QTest::newRow("verbose") << QStringLiteral("--verbose") << false << false << true;
+}
+
+void tst_Options::switchesAreTakenOver()
+{
+    QFETCH(QString, argument);
+    const CommandLine line = parse({argument});
+    QCOMPARE(line.outcome, CommandLine::Run);
+    QTEST(line.options.exit, "exit");
+    QTEST(line.options.listPlugins, "listPlugins");
+    QTEST(line.options.verbose, "verbose");
+}
+
+void tst_Options::scaleIsFitOrAFactor_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<qreal>("expectedScale");
+    QTest::newRow("auto") << QStringLiteral("auto") << 0.0;
+    QTest::newRow("smallest") << QStringLiteral("0.25") << 0.25;
+    QTest::newRow("one") << QStringLiteral("1") << 1.0;
+    QTest::newRow("largest") << QStringLiteral("4") << 4.0;
+}
+
+void tst_Options::scaleIsFitOrAFactor()
+{
+    QFETCH(QString, text);
+    const CommandLine line = parse({QStringLiteral("--scale"), text});
+    QCOMPARE(line.outcome, CommandLine::Run);
+    QVERIFY(line.options.scaleGiven);
+    QTEST(line.options.scale, "expectedScale");
+}
+
+void tst_Options::wrongArgumentsAreRefusedInOneLine_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("expectedPart");
+    const auto row = [](const char *name, const char *arguments, const char *expectedPart) {
+        QTest::newRow(name) << QString::fromLatin1(arguments).split(QLatin1Char(' '))
+                            << QString::fromLatin1(expectedPart);
+    };
+    row("unknown option", "--frobnicate", "frobnicate");
+    row("unknown short option", "-x", "'x'");
+    row("value for a switch", "--exit=1", "--exit");
+    row("left-over argument", "console", "console");
+    row("argument after a switch", "--exit now", "now");
+    row("no value", "--plugin-dir", "--plugin-dir");
+    row("empty value", "--theme=", "--theme");
+    row("option for a value", "--screenshot --exit", "--screenshot");
+    row("option for a language", "--lang --verbose", "--lang");
+    row("unknown language", "--lang klingon", "klingon");
+    row("no scale", "--scale", "--scale");
+    row("word for a scale", "--scale big", "big");
+    row("empty scale", "--scale=", "--scale");
+    row("scale too small", "--scale 0.24", "0.24");
+    row("zero scale", "--scale 0", "'0'");
+    row("scale too large", "--scale 4.01", "4.01");
+    row("negative scale", "--scale -1", "-1");
+    row("no number", "--scale nan", "nan");
+    row("infinite scale", "--scale inf", "inf");
+    row("number with more behind", "--scale 1x", "1x");
+}
+
+void tst_Options::wrongArgumentsAreRefusedInOneLine()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, expectedPart);
+    const CommandLine line = parse(arguments);
+    QCOMPARE(line.outcome, CommandLine::Refused);
+    QVERIFY2(line.text.contains(expectedPart), qPrintable(line.text));
+    QVERIFY2(!line.text.contains(QLatin1Char('\n')), qPrintable(line.text));
+}
+
+void tst_Options::helpListsExactlyWhatThereIs()
+{
+    const CommandLine line = parse({QStringLiteral("--help")});
+    QCOMPARE(line.outcome, CommandLine::Answered);
+
+    QStringList options;
+    const QStringList words = line.text.split(QRegularExpression(QStringLiteral("\\s+")));
+    for (const QString &word : words) {
+        if (word.startsWith(QLatin1String("--")))
+            options << word;
+    }
+    options.sort();
+    const QStringList expectedOptions{QStringLiteral("--exit"),       QStringLiteral("--help"),
+                                      QStringLiteral("--lang"),       QStringLiteral("--list-plugins"),
+                                      QStringLiteral("--plugin-dir"), QStringLiteral("--scale"),
+                                      QStringLiteral("--screenshot"), QStringLiteral("--theme"),
+                                      QStringLiteral("--verbose"),    QStringLiteral("--version")};
+    QCOMPARE(options, expectedOptions);
+}
+
+void tst_Options::versionIsTold()
+{
+    const CommandLine line = parse({QStringLiteral("--version")});
+    QCOMPARE(line.outcome, CommandLine::Answered);
+    const QRegularExpression expectedText(QStringLiteral("^k7host \\d+\\.\\d+\\.\\d+\n$"));
+    QVERIFY2(expectedText.match(line.text).hasMatch(), qPrintable(line.text));
+}
+
+QTEST_GUILESS_MAIN(tst_Options)
+
+#include "tst_options.moc"
