@@ -3,10 +3,8 @@
 
 #include "display.h"
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QStandardPaths>
 
 #include <algorithm>
 #include <cmath>
@@ -18,7 +16,6 @@ namespace {
 
 // What Qt reads.
 const char PlatformVariable[] = "QT_QPA_PLATFORM";
-const char RuntimeDirVariable[] = "XDG_RUNTIME_DIR";
 const char ScaleVariable[] = "QT_SCALE_FACTOR";
 
 // Tried in this order.
@@ -36,15 +33,6 @@ void passOnlyTheEnd(QtMsgType type, const QMessageLogContext & /*context*/, cons
     std::_Exit(ExitBadArguments);
 }
 
-/// Without one from the session, Qt makes up a folder, and says so each time.
-void keepRuntimeDir()
-{
-    if (qEnvironmentVariableIsEmpty(RuntimeDirVariable)) {
-        const QString dir = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-        qputenv(RuntimeDirVariable, QFile::encodeName(dir));
-    }
-}
-
 bool isOffscreen()
 {
     return QGuiApplication::platformName() == QLatin1String("offscreen");
@@ -59,7 +47,6 @@ void prepareDisplay(const Options &options)
     QGuiApplication::setDesktopSettingsAware(false);
 
     usualHandler = qInstallMessageHandler(passOnlyTheEnd);
-    keepRuntimeDir();
     if (qEnvironmentVariableIsEmpty(PlatformVariable))
         qputenv(PlatformVariable, Platforms);
     if (options.scaleGiven)
@@ -84,9 +71,10 @@ qreal reduction(const Options &options, const QSize &native)
     if (options.scale > 0)
         return std::min(options.scale, qreal(1));
     const bool isScaledByUser = !options.scaleGiven && !qEnvironmentVariableIsEmpty(ScaleVariable);
-    if (isScaledByUser || isOffscreen())
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    if (isScaledByUser || isOffscreen() || !screen)
         return 1;
-    return fittingFactor(native, QGuiApplication::primaryScreen()->availableSize());
+    return fittingFactor(native, screen->availableSize());
 }
 
 qreal fittingFactor(const QSize &native, const QSize &available)
