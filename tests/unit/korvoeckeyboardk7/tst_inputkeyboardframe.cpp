@@ -374,7 +374,7 @@ void tst_InputKeyboardFrame::aColorThatChangesNothingCostsNothing()
     QVERIFY(m_section->updateECButtonColor(colorRecord(36, 255, 0, 0)));
     QCoreApplication::processEvents();
 
-    WorkCounter onKey(widget(keyFacts().first()));
+    WorkCounter onKey(widget(keyFacts().constFirst()));
     WorkCounter onSection(m_section.get());
     for (int i = 0; i < 100; ++i)
         QVERIFY(m_section->updateECButtonColor(colorRecord(36, 255, 0, 0)));
@@ -437,7 +437,7 @@ void tst_InputKeyboardFrame::textsAreReadUpToTheFirstZeroByte()
     QFETCH(QByteArray, bytes);
     QFETCH(QString, expectedText);
     QVERIFY(m_section->updateECOledText(textRecord(12, bytes)));
-    QCOMPARE(labelTexts().first(), expectedText);
+    QCOMPARE(labelTexts().constFirst(), expectedText);
 }
 
 void tst_InputKeyboardFrame::foreignTextsAreRefused_data()
@@ -464,7 +464,7 @@ void tst_InputKeyboardFrame::aTextThatChangesNothingCostsNothing()
     QVERIFY(m_section->updateECOledText(textRecord(12, "CAM 1")));
     QCoreApplication::processEvents();
 
-    WorkCounter onLabel(widget(labelFacts().first()));
+    WorkCounter onLabel(widget(labelFacts().constFirst()));
     WorkCounter onSection(m_section.get());
     for (int i = 0; i < 100; ++i)
         QVERIFY(m_section->updateECOledText(textRecord(12, "CAM 1")));
@@ -507,8 +507,6 @@ void tst_InputKeyboardFrame::heldKeysAreReleasedOnEveryWayOut()
     QCOMPARE(released.size(), 1);
     QCOMPARE(released.first().first().toUInt(), 0xff0026u);
 }
-
-Q_DECLARE_METATYPE(Fact)
 
 QTEST_MAIN(tst_InputKeyboardFrame)
 

@@ -95,7 +95,7 @@ void tst_K7Plugin::theFileCarriesTheMetadata()
         {QStringLiteral("Required"), true},
         {QStringLiteral("Category"), QStringLiteral("Brisa")},
         {QStringLiteral("Description"), QStringLiteral("The korvo ec k7 keyboard plugin for the ")},
-        {QStringLiteral("Url"), QStringLiteral("")},
+        {QStringLiteral("Url"), QLatin1String("")},
         {QStringLiteral("Arguments"), QJsonArray()},
         {QStringLiteral("Dependencies"), QJsonArray()},
     };

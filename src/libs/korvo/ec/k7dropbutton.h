@@ -18,13 +18,16 @@ namespace Korvo::EC {
 ///
 /// Whoever presses a key first holds it; further fingers on the same key are ignored until it comes up.
 /// Several fingers may hold several keys. A finger that slid off does not press again by sliding back.
-/// A key that is lifted while it is held ends in released() and clicked(), on any other way out in
-/// released() alone. A held key that leaves its button group tells the group nothing any more.
+/// A key that is lifted ends in released() and clicked(), on any other way out in released() alone.
 ///
-/// A receiver may hide, disable or deleteLater() the key; it may delete it at once only if it is the input
-/// that pressed or let go (not when the key is just being hidden or disabled: Qt goes on using it).
-/// A key that is deleted with its parent still says released(): a receiver whose own destructor has begun
-/// must have disconnected. GUI thread only.
+/// A receiver of pressed() or released() may hide, disable or deleteLater() the key. It may delete it at
+/// once when a finger, the mouse or the keyboard was the cause, but not while the key is being hidden or
+/// disabled, nor in toggled(): Qt goes on using it there. A receiver of pressed() that runs an event loop
+/// holds back the released() until it returns.
+///
+/// A held key says released() also when it is deleted with its parent: a receiver whose own destructor has
+/// begun must have disconnected, or have hidden the key before. A button group hears of a release only while
+/// the key is in it: hide or disable a key before it leaves its group. GUI thread only.
 class KORVO_EC_EXPORT K7DropButton : public QToolButton
 {
     Q_OBJECT

@@ -7,7 +7,6 @@
 #include <QPainter>
 #include <QStaticText>
 #include <QStyle>
-#include <QTextOption>
 #include <QTimer>
 #include <QtMath>
 
@@ -111,8 +110,6 @@ void TextTicker::Private::layOut()
     m_text = m_label->text();
     m_line = QStaticText(singleLine(m_text));
     m_line.setTextFormat(Qt::PlainText);
-    // The line is placed by us, in both writing directions.
-    m_line.setTextOption(QTextOption(Qt::AlignLeft | Qt::AlignAbsolute));
     m_line.prepare(QTransform(), m_label->font());
     m_lineSize = QSize(qCeil(m_line.size().width()), qCeil(m_line.size().height()));
     m_isLaidOut = true;
@@ -261,15 +258,8 @@ void TextTicker::resizeEvent(QResizeEvent *event)
 void TextTicker::changeEvent(QEvent *event)
 {
     QLabel::changeEvent(event);
-    switch (event->type()) {
-    case QEvent::FontChange:
-    case QEvent::StyleChange:
-    case QEvent::ContentsRectChange:
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         m_d->layOutAnew();
-        break;
-    default:
-        break;
-    }
 }
 
 void TextTicker::showEvent(QShowEvent *event)

@@ -670,6 +670,12 @@ void tst_K7DropButton::aDisabledKeyTakesNoTouch()
     fingers.lift(0);
     QCOMPARE(panel.told[0].log, QStringList());
 
+    panel.keys[0]->setEnabled(false);
+    QTouchEvent begin(QEvent::TouchBegin, Fingers::device(), Qt::NoModifier, Qt::TouchPointPressed,
+                      {QTouchEvent::TouchPoint(7)});
+    QVERIFY(!QCoreApplication::sendEvent(panel.keys[0], &begin));
+
+    panel.keys[0]->setEnabled(true);
     fingers.press(0, panel.center(0));
     fingers.lift(0);
     QCOMPARE(panel.told[0].clicked, 1);

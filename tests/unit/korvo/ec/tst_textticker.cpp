@@ -218,6 +218,7 @@ void tst_TextTicker::textIsNeverTakenForMarkup()
     setUp(&plain, QStringLiteral("<b>&A</b>"), QSize(200, 32));
     TextTicker letters;
     setUp(&letters, QStringLiteral("A"), QSize(200, 32));
+    QCOMPARE(plain.textFormat(), Qt::PlainText);
     QVERIFY(ink(picture(&plain)).width() > 3 * ink(picture(&letters)).width());
 }
 
@@ -447,7 +448,9 @@ void tst_TextTicker::theClockEndsWithTheLastReason()
     } else {
         delete ticker;
     }
-    QTRY_VERIFY(!timer);
+    if (reason == QLatin1String("cleared"))
+        QTRY_VERIFY(!timer); // QLabel's own function: the next paint notices
+    QVERIFY(!timer);
     QVERIFY(findClock() == nullptr);
 }
 
