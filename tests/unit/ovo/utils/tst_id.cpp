@@ -7,8 +7,8 @@
 #include <QTest>
 #include <QThread>
 
+#include <array>
 #include <memory>
-#include <vector>
 
 using Ovo::Utils::Id;
 
@@ -90,9 +90,9 @@ void tst_Id::threadsThatInternTheSameTextsAgree()
         QVector<Id> ids;
     };
 
-    std::vector<std::unique_ptr<Interner>> threads;
-    for (int i = 0; i < 4; ++i)
-        threads.push_back(std::make_unique<Interner>());
+    std::array<std::unique_ptr<Interner>, 4> threads;
+    for (auto &thread : threads)
+        thread = std::make_unique<Interner>();
     for (const auto &thread : threads)
         thread->start();
     for (const auto &thread : threads)
