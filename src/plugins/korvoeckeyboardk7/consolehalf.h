@@ -22,11 +22,12 @@ void onGuiThread(const QObject *half, Call call)
     QObject::connect(&carrier, &QObject::destroyed, half, call, Qt::QueuedConnection);
 }
 
-/// Hands something to each of \a sections, in the order given; their results do not matter.
+/// Does \a operation to each of \a sections, in the order given, on the GUI thread of their \a half. Every
+/// section gets every record and decides for itself whether it is its own; what it answers does not matter.
 template <typename Operation, typename... Sections>
-void forEachSection(const Operation &operation, Sections *...sections)
+void handToSections(const QObject *half, const Operation &operation, Sections *...sections)
 {
-    (operation(sections), ...);
+    onGuiThread(half, [operation, sections...] { (operation(sections), ...); });
 }
 
 /// Makes the signals of the key section \a section signals of \a half.

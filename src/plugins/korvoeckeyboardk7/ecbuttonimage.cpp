@@ -83,8 +83,8 @@ QString iconKey(eECButtonImage image)
     return QString();
 }
 
-// Black is in the tables as white on purpose: a key that the console reports dark is an idle key, and idle
-// keys are white. The black and the double-width pictures are for callers that ask for them by name.
+// Black is in the tables as white on purpose. The black and the double-width pictures are never chosen by
+// colour, only by who asks for them.
 
 eECButtonImage keyImage(const ECButtonColor *color)
 {

@@ -12,7 +12,7 @@ struct ECButtonColor;
 namespace Korvo::ECKeyboard {
 
 /// The pictures of key faces. The page-down pair of black and white is numbered the other way round than
-/// the page-up pair; hosts know the numbers.
+/// the page-up pair, on purpose.
 enum eECButtonImage {
     RedButton = 0,
     GreenButton = 1,

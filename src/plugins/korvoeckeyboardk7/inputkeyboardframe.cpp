@@ -6,8 +6,6 @@
 #include "keysection.h"
 #include "ui_inputkeyboardframe.h"
 
-#include <utility>
-
 namespace Korvo::ECKeyboard::K7 {
 
 namespace Internal {
@@ -32,7 +30,7 @@ public:
     KeyList m_pECButtons;
     LabelList m_pECTexts;
 
-public Q_SLOTS:
+private Q_SLOTS:
     void slotPageUpToolButtonPressed() { sendPress(m_pKeyboard, ui->pageUpToolButton); }
     void slotPageUpToolButtonReleased() { sendRelease(m_pKeyboard, ui->pageUpToolButton); }
     void slotPageDownToolButtonPressed() { sendPress(m_pKeyboard, ui->pageDownToolButton); }
@@ -80,7 +78,7 @@ InputKeyboardFrame::InputKeyboardFrame(QWidget *parent)
 
 InputKeyboardFrame::~InputKeyboardFrame()
 {
-    hide(); // lets go of held keys while their releases still have a way out
+    Internal::letGoOfKeys(this);
     delete d;
     d = nullptr;
 }

@@ -43,9 +43,15 @@ quint32 keyCode(const QObject *key)
     return static_cast<quint32>(keyId(key)) + KeyCodeOffset;
 }
 
+void letGoOfKeys(QWidget *keyboard)
+{
+    keyboard->hide();
+}
+
 void mark(QWidget *widget, const char *name)
 {
-    if (widget->property(name) == true)
+    const QVariant current = widget->property(name);
+    if (current.type() == QVariant::Bool && current.toBool())
         return;
 
     widget->setProperty(name, true);
@@ -92,7 +98,7 @@ void paintIdle(const QButtonGroup *group)
 
 void paintIdle(const PageKeys &pageKeys)
 {
-    // An idle page-up key is black, an idle page-down key white: that is how the console lights them.
+    // Black up and white down, on purpose.
     const K7Plugin *plugin = K7Plugin::instance();
     paintKey(pageKeys.up, plugin->ecButtonBorderImageCSS(PageUpBlackButton));
     paintKey(pageKeys.down, plugin->ecButtonBorderImageCSS(PageDownWhiteButton));

@@ -26,7 +26,7 @@ namespace Korvo::ECKeyboard::K7::Internal {
 using KeyList = QList<Korvo::EC::K7DropButton *>;
 using LabelList = QList<Korvo::EC::TextTicker *>;
 
-/// The keys of a section that carry arrows; both null in a section without pages.
+/// The keys of a section that carry arrows; both null where a section has none.
 struct PageKeys
 {
     QAbstractButton *up = nullptr;
@@ -38,6 +38,10 @@ int keyId(const QObject *widget);
 
 /// What the host knows a key by: its id plus 0xff0000.
 quint32 keyCode(const QObject *key);
+
+/// For the destructor of a section or a half: keys that are held come up while their releases still have a
+/// way to the host.
+void letGoOfKeys(QWidget *keyboard);
 
 /// Sends the code of \a key as pressed or released from the section \a keyboard; nothing for null.
 template <typename Keyboard>
@@ -88,8 +92,9 @@ void appendLabels(LabelList *labels, const QObject *holder);
 /// Paints \a key with \a styleSheet; costs nothing when it looks so already.
 void paintKey(QWidget *key, const QString &styleSheet);
 
-/// Gives every button of \a group the idle look of ordinary keys; the same for the page keys.
+/// Gives every button of \a group the idle look of ordinary keys.
 void paintIdle(const QButtonGroup *group);
+/// Gives both page keys their idle look; neither is null.
 void paintIdle(const PageKeys &pageKeys);
 
 /// Paints every entry of \a keys in the look of an ordinary key, page keys included, when \a color is a

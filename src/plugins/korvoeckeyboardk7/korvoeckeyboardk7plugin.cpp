@@ -20,6 +20,9 @@ namespace Korvo::ECKeyboard {
 
 namespace Internal {
 
+using Half = IKorvoECKeyboard;
+using Plugin = IKorvoECKeyboardPlugin;
+
 class K7PluginPrivate
 {
 public:
@@ -35,8 +38,15 @@ public:
     void createLeftKeyboard();
     void createRightKeyboard();
 
-    // The order matters: members go in reverse, so the right half dies before the left one.
-    K7Plugin *m_pPlugin;
+    /// What makes a signal of \a half a signal of the plug-in.
+    auto relayFrom(const Half *half) const
+    {
+        return [this, half](auto halfSignal, auto pluginSignal) {
+            QObject::connect(half, halfSignal, m_pPlugin, pluginSignal);
+        };
+    }
+
+    K7Plugin *m_pPlugin; // owns this
     QSharedPointer<K7::LeftKeyboardFrame> m_pLeftKeyboard;
     QSharedPointer<K7::RightKeyboardFrame> m_pRightKeyboard;
     QMap<eECButtonImage, QString> m_buttonBorderImageCSSes;
@@ -44,26 +54,17 @@ public:
 
 void K7PluginPrivate::createLeftKeyboard()
 {
-    using Half = IKorvoECKeyboard;
-    using Plugin = IKorvoECKeyboardPlugin;
-
     m_pLeftKeyboard.reset(new K7::LeftKeyboardFrame(nullptr));
-    const Half *half = m_pLeftKeyboard.data();
-    QObject::connect(half, &Half::ecButtonPressed, m_pPlugin, &Plugin::ecButtonPressed);
-    QObject::connect(half, &Half::ecButtonRelease, m_pPlugin, &Plugin::ecButtonRelease);
-    QObject::connect(half, &Half::signalKorvoPluginModeChanged, m_pPlugin,
-                     &Plugin::signalKorvoPluginModeChanged);
+    const auto relay = relayFrom(m_pLeftKeyboard.data());
+    relay(&Half::ecButtonPressed, &Plugin::ecButtonPressed);
+    relay(&Half::ecButtonRelease, &Plugin::ecButtonRelease);
+    relay(&Half::signalKorvoPluginModeChanged, &Plugin::signalKorvoPluginModeChanged);
 }
 
 void K7PluginPrivate::createRightKeyboard()
 {
-    using Half = IKorvoECKeyboard;
-    using Plugin = IKorvoECKeyboardPlugin;
-
     m_pRightKeyboard.reset(new K7::RightKeyboardFrame(nullptr));
-    const auto relay = [this](auto halfSignal, auto pluginSignal) {
-        QObject::connect(m_pRightKeyboard.data(), halfSignal, m_pPlugin, pluginSignal);
-    };
+    const auto relay = relayFrom(m_pRightKeyboard.data());
     relay(&Half::ecButtonPressed, &Plugin::ecButtonPressed);
     relay(&Half::ecButtonRelease, &Plugin::ecButtonRelease);
     relay(&Half::signalKorvoPluginModeChanged, &Plugin::signalKorvoPluginModeChanged);
@@ -96,6 +97,11 @@ K7Plugin::K7Plugin()
 
 K7Plugin::~K7Plugin()
 {
+    // One after the other, with all the rest in place: a half that goes releases the keys that are held, and
+    // a host may answer that with records.
+    d->m_buttonBorderImageCSSes.clear();
+    d->m_pRightKeyboard.reset();
+    d->m_pLeftKeyboard.reset();
     delete d;
     d = nullptr;
     m_instance = nullptr;

@@ -44,7 +44,7 @@ public:
     bool updateKeyboard() override;
 
     /// Style sheets of key faces, empty until initStyleSheet(): of a picture, and of the picture for a
-    /// reported colour on an ordinary, a page-up and a page-down key. A null record is an idle key.
+    /// reported colour on an ordinary, a page-up and a page-down key. No record gives the white key.
     QString ecButtonBorderImageCSS(const eECButtonImage &image) const;
     QString ecButtonBorderImageCSS(std::shared_ptr<ECButtonColor> color) const;
     QString ecPageUpButtonBorderImageCSS(std::shared_ptr<ECButtonColor> color) const;

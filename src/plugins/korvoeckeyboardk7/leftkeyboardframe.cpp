@@ -4,6 +4,7 @@
 #include "leftkeyboardframe.h"
 
 #include "consolehalf.h"
+#include "keysection.h"
 #include "ui_leftkeyboardframe.h"
 
 #include <korvo/keyboard/constants.h>
@@ -26,11 +27,10 @@ public:
     void createWidgets();
     void createConnects();
 
-    /// Every record goes to every section; each decides for itself whether the record is its own.
     template <typename Operation>
-    void handToSections(Operation operation)
+    void handToSections(const Operation &operation)
     {
-        onGuiThread(m_pKeyboard, [this, operation] { forEachSection(operation, ui->inputKeyboardFrame); });
+        Internal::handToSections(m_pKeyboard, operation, ui->inputKeyboardFrame);
     }
 
     LeftKeyboardFrame *m_pKeyboard; // owns this
@@ -61,7 +61,7 @@ LeftKeyboardFrame::LeftKeyboardFrame(QWidget *parent)
 
 LeftKeyboardFrame::~LeftKeyboardFrame()
 {
-    hide(); // lets go of held keys while their releases still have a way out
+    Internal::letGoOfKeys(this);
     delete d;
     d = nullptr;
 }

@@ -4,6 +4,7 @@
 #include "rightkeyboardframe.h"
 
 #include "consolehalf.h"
+#include "keysection.h"
 #include "ui_rightkeyboardframe.h"
 
 #include <korvo/keyboard/constants.h>
@@ -50,7 +51,7 @@ RightKeyboardFrame::RightKeyboardFrame(QWidget *parent)
 
 RightKeyboardFrame::~RightKeyboardFrame()
 {
-    hide(); // lets go of held keys while their releases still have a way out
+    Internal::letGoOfKeys(this);
     delete d;
     d = nullptr;
 }
@@ -87,7 +88,7 @@ void RightKeyboardFrame::updateECDeviceIP(std::shared_ptr<ECDeviceIPData>) {}
 bool RightKeyboardFrame::updateKeyboard()
 {
     Internal::onGuiThread(this, [this] { Q_EMIT signalKorvoPluginModeChanged(); });
-    return false; // unlike the left half: hosts tell the halves apart by it
+    return false; // on purpose, where the left half says true
 }
 
 void RightKeyboardFrame::updateDVISignalStatus(std::shared_ptr<DVIInSignal>) {}

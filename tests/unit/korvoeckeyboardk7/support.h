@@ -13,6 +13,7 @@
 #include <QHash>
 #include <QObject>
 #include <QStringList>
+#include <QThread>
 #include <QVector>
 
 #include <cstring>
@@ -48,7 +49,7 @@ inline std::shared_ptr<Korvo::ECOLEDText> textRecord(quint32 label, const QByteA
     return record;
 }
 
-/// Counts the events that mean work: style changes, re-polishing, layout and painting.
+/// Counts the events that mean work: changes of properties and style, polishing, layout and painting.
 class WorkCounter : public QObject
 {
 public:
@@ -61,6 +62,7 @@ public:
         case QEvent::LayoutRequest:
         case QEvent::UpdateRequest:
         case QEvent::Paint:
+        case QEvent::DynamicPropertyChange:
             ++count;
             break;
         default:
@@ -70,6 +72,52 @@ public:
     }
     int count = 0;
 };
+
+/// While it lives, takes all that is logged; what is not a debug line is kept.
+class LogKeeper
+{
+public:
+    LogKeeper()
+        : m_previous(qInstallMessageHandler(keep))
+    {
+        lines().clear();
+    }
+    ~LogKeeper() { qInstallMessageHandler(m_previous); }
+    Q_DISABLE_COPY(LogKeeper)
+
+    static QStringList &lines()
+    {
+        static QStringList kept;
+        return kept;
+    }
+
+private:
+    static void keep(QtMsgType type, const QMessageLogContext &, const QString &text)
+    {
+        if (type != QtDebugMsg)
+            lines() << text;
+    }
+
+    const QtMessageHandler m_previous;
+};
+
+/// Runs \a function in a thread of its own, and waits for its end.
+template <typename Function>
+void runElsewhere(Function function)
+{
+    struct Runner : QThread
+    {
+        explicit Runner(Function &work)
+            : m_work(work)
+        {
+        }
+        void run() override { m_work(); }
+        Function &m_work;
+    } runner(function);
+    runner.start();
+    if (!runner.wait())
+        qFatal("a thread did not end");
+}
 
 /// One row of a table of facts, by column name. An absent value is "-".
 using Fact = QHash<QString, QString>;

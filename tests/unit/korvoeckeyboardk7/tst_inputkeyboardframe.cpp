@@ -11,6 +11,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolButton>
+#include <QTranslator>
 
 using namespace Korvo;
 using Korvo::ECKeyboard::K7::InputKeyboardFrame;
@@ -29,6 +30,7 @@ private slots:
 
     void theFormHoldsTheTable_data();
     void theFormHoldsTheTable();
+    void idsFamiliesAndTitlePassThroughTheTranslation();
     void theGroupHasTheKeysInColumnOrder();
     void titlesAndHoldersAreMarked();
     void widthsAndHeightsAreTheSections();
@@ -37,6 +39,7 @@ private slots:
     void keysSendTheirCodeOnPressAndOnRelease();
     void theExtensionKeyIsSilent();
     void idleKeysAreWhiteAndTheIdlePageUpKeyIsBlack();
+    void theNormalStyleMarksKeysAndLeavesLabelsAlone();
     void aColorPaintsOneKey_data();
     void aColorPaintsOneKey();
     void aBroadcastPaintsAllKeysAsOrdinaryOnes();
@@ -178,6 +181,35 @@ void tst_InputKeyboardFrame::theFormHoldsTheTable()
     }
 }
 
+void tst_InputKeyboardFrame::idsFamiliesAndTitlePassThroughTheTranslation()
+{
+    struct Recorder : QTranslator
+    {
+        QString translate(const char *context, const char *text, const char *, int) const override
+        {
+            if (qstrcmp(context, "InputKeyboardFrame") == 0)
+                texts << QString::fromUtf8(text);
+            return QString();
+        }
+        bool isEmpty() const override { return false; }
+        mutable QStringList texts;
+    } recorder;
+    QCoreApplication::installTranslator(&recorder);
+    const InputKeyboardFrame section(nullptr);
+    QCoreApplication::removeTranslator(&recorder);
+
+    QStringList expected{QStringLiteral("INPUT")};
+    for (const Fact &fact : m_facts) {
+        for (const QString &column : {QStringLiteral("id"), QStringLiteral("entry")}) {
+            if (fact.value(column) != Absent)
+                expected << fact.value(column);
+        }
+    }
+    expected.sort();
+    recorder.texts.sort();
+    QCOMPARE(recorder.texts, expected);
+}
+
 void tst_InputKeyboardFrame::theGroupHasTheKeysInColumnOrder()
 {
     const auto *group = m_section->findChild<QButtonGroup *>(QStringLiteral("inputButtonGroup"));
@@ -206,7 +238,10 @@ void tst_InputKeyboardFrame::titlesAndHoldersAreMarked()
     QCOMPARE(marked("contentFrame"),
              (QStringList{QStringLiteral("InputKeyboardFrame"), QStringLiteral("frame")}));
     QCOMPARE(marked("isECButtonHolder"), QStringList{QStringLiteral("frame_20")});
-    QCOMPARE(marked("isInputToolButton").size(), 16);
+    QStringList inputs;
+    for (int i = 0; i < 16; ++i)
+        inputs << keyFacts().at(i).value(QStringLiteral("object"));
+    QCOMPARE(marked("isInputToolButton"), inputs);
     QCOMPARE(marked("isInputPageUpToolButton"), QStringList{QStringLiteral("pageUpToolButton")});
     QCOMPARE(marked("isInputPageDownToolButton"), QStringList{QStringLiteral("pageDownToolButton")});
 
@@ -299,6 +334,25 @@ void tst_InputKeyboardFrame::idleKeysAreWhiteAndTheIdlePageUpKeyIsBlack()
     QVERIFY(styles.at(0).contains(QLatin1String("ecbutton_white")));
 }
 
+void tst_InputKeyboardFrame::theNormalStyleMarksKeysAndLeavesLabelsAlone()
+{
+    const auto marker = [](int entry) {
+        return entry < 16    ? "isInputToolButton"
+               : entry == 16 ? "isInputPageUpToolButton"
+                             : "isInputPageDownToolButton";
+    };
+    for (int i = 0; i < ExpectedKeys; ++i)
+        widget(keyFacts().at(i))->setProperty(marker(i), QVariant());
+    QVERIFY(m_section->updateECOledText(textRecord(12, "CAM 1")));
+    const QStringList texts = labelTexts();
+
+    m_section->applyNoramlStyleSheet();
+    for (int i = 0; i < ExpectedKeys; ++i)
+        QCOMPARE(widget(keyFacts().at(i))->property(marker(i)), QVariant(true));
+    QCOMPARE(labelTexts(), texts);
+    QCOMPARE(texts.constFirst(), QStringLiteral("CAM 1"));
+}
+
 void tst_InputKeyboardFrame::aColorPaintsOneKey_data()
 {
     QTest::addColumn<int>("entry");
@@ -364,9 +418,11 @@ void tst_InputKeyboardFrame::foreignColorsAreRefused()
     QFETCH(quint32, id);
     m_section->applyNoramlStyleSheet();
     const QStringList before = keyStyles();
+    const LogKeeper log;
     QVERIFY(!m_section->updateECButtonColor(colorRecord(id, 255, 0, 0)));
     QVERIFY(!m_section->updateECButtonColor(nullptr));
     QCOMPARE(keyStyles(), before);
+    QCOMPARE(log.lines(), QStringList());
 }
 
 void tst_InputKeyboardFrame::aColorThatChangesNothingCostsNothing()
@@ -454,9 +510,11 @@ void tst_InputKeyboardFrame::foreignTextsAreRefused()
 {
     QFETCH(quint32, id);
     const QStringList before = labelTexts();
+    const LogKeeper log;
     QVERIFY(!m_section->updateECOledText(textRecord(id, "lost")));
     QVERIFY(!m_section->updateECOledText(nullptr));
     QCOMPARE(labelTexts(), before);
+    QCOMPARE(log.lines(), QStringList());
 }
 
 void tst_InputKeyboardFrame::aTextThatChangesNothingCostsNothing()

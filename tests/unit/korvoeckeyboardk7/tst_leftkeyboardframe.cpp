@@ -10,7 +10,6 @@
 #include <QLayout>
 #include <QSignalSpy>
 #include <QTest>
-#include <QThread>
 
 using namespace Korvo;
 using Korvo::ECKeyboard::K7::LeftKeyboardFrame;
@@ -28,6 +27,8 @@ private slots:
     void sectionsStandInRows_data();
     void sectionsStandInRows();
     void keysAreRelayed();
+    void aPressMayBeAnsweredAtOnce();
+    void aHeldKeyIsReleasedWhileTheHalfIsStillOne();
     void normalStyleReachesTheSections();
     void recordsReachTheSectionThatKnowsThem();
     void resultsAreFixed();
@@ -46,23 +47,6 @@ private:
     LivePlugin m_live;
     std::unique_ptr<LeftKeyboardFrame> m_half;
 };
-
-// Runs a function in a thread of its own, and waits for its end.
-template <typename Function>
-static void runElsewhere(Function function)
-{
-    struct Runner : QThread
-    {
-        explicit Runner(Function &work)
-            : m_work(work)
-        {
-        }
-        void run() override { m_work(); }
-        Function &m_work;
-    } runner(function);
-    runner.start();
-    QVERIFY(runner.wait());
-}
 
 void tst_LeftKeyboardFrame::init()
 {
@@ -131,10 +115,12 @@ void tst_LeftKeyboardFrame::sectionsStandInRows()
     QCOMPARE(frame->frameShape(), QFrame::StyledPanel);
     QCOMPARE(frame->frameShadow(), QFrame::Raised);
 
+    m_half->resize(m_half->sizeHint());
     m_half->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_half.get()));
     QCOMPARE(frame->height(), expectedHeight);
     QVERIFY(frame->width() >= 1754);
+    QVERIFY(m_half->rect().contains(frame->geometry()));
 }
 
 void tst_LeftKeyboardFrame::keysAreRelayed()
@@ -149,6 +135,35 @@ void tst_LeftKeyboardFrame::keysAreRelayed()
     QCOMPARE(pressed.size(), 1);
     QCOMPARE(released.size(), 1);
     QCOMPARE(released.first().first().toUInt(), 0xff0026u);
+}
+
+void tst_LeftKeyboardFrame::aPressMayBeAnsweredAtOnce()
+{
+    connect(m_half.get(), &IKorvoECKeyboard::ecButtonPressed, this, [this] {
+        m_half->updateECButtonColor(colorRecord(38, 255, 0, 0));
+        m_half->updateECOledText(textRecord(14, "CAM 3"));
+    });
+    QTest::mousePress(key(), Qt::LeftButton);
+    QVERIFY(key()->styleSheet().contains(QLatin1String("ecbutton_red")));
+    QCOMPARE(label()->text(), QStringLiteral("CAM 3"));
+    QVERIFY(key()->isDown());
+    QTest::mouseRelease(key(), Qt::LeftButton);
+    QVERIFY(!key()->isDown());
+}
+
+void tst_LeftKeyboardFrame::aHeldKeyIsReleasedWhileTheHalfIsStillOne()
+{
+    m_half->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_half.get()));
+    IKorvoECKeyboard *half = m_half.get();
+    QStringList names;
+    connect(half, &IKorvoECKeyboard::ecButtonRelease, this, [half, &names] {
+        names << half->displayName();
+        half->updateECButtonColor(colorRecord(38, 255, 0, 0));
+    });
+    QTest::mousePress(key(), Qt::LeftButton);
+    m_half.reset();
+    QCOMPARE(names, QStringList{QStringLiteral("Left keyboard")});
 }
 
 void tst_LeftKeyboardFrame::normalStyleReachesTheSections()

@@ -8,6 +8,7 @@
 #include <QBoxLayout>
 #include <QSignalSpy>
 #include <QTest>
+#include <QThread>
 
 using namespace Korvo;
 using Korvo::ECKeyboard::K7::RightKeyboardFrame;
@@ -28,6 +29,7 @@ private slots:
     void layoutsNestAsTheConsoleHasThem();
     void resultsAreFixed();
     void updateKeyboardAnnouncesTheModeChangeAndSaysFalse();
+    void aCallFromAnotherThreadAnnouncesOnTheGuiThread();
 
 private:
     QFrame *frame(const char *name) const { return m_half->findChild<QFrame *>(QLatin1String(name)); }
@@ -63,8 +65,15 @@ void tst_RightKeyboardFrame::identityIsTheRightHalfs()
 void tst_RightKeyboardFrame::innerFramesAreMarked()
 {
     QCOMPARE(m_half->property("contentFrame"), QVariant(true));
-    for (const char *name : {"frame_6", "transitionFrame", "tBarFrame"})
-        QCOMPARE(frame(name)->property("contentFrame"), QVariant(true));
+    QStringList marked;
+    const QList<QFrame *> frames = m_half->findChildren<QFrame *>();
+    for (const QFrame *child : frames) {
+        if (child->property("contentFrame") == QVariant(true))
+            marked << child->objectName();
+    }
+    marked.sort();
+    QCOMPARE(marked, (QStringList{QStringLiteral("frame_6"), QStringLiteral("tBarFrame"),
+                                  QStringLiteral("transitionFrame")}));
 }
 
 void tst_RightKeyboardFrame::sizesAreTheConsoles_data()
@@ -162,6 +171,17 @@ void tst_RightKeyboardFrame::updateKeyboardAnnouncesTheModeChangeAndSaysFalse()
     QSignalSpy changed(m_half.get(), &IKorvoECKeyboard::signalKorvoPluginModeChanged);
     QVERIFY(!m_half->updateKeyboard());
     QCOMPARE(changed.size(), 1);
+}
+
+void tst_RightKeyboardFrame::aCallFromAnotherThreadAnnouncesOnTheGuiThread()
+{
+    QThread *announcedOn = nullptr;
+    connect(
+        m_half.get(), &IKorvoECKeyboard::signalKorvoPluginModeChanged, this,
+        [&announcedOn] { announcedOn = QThread::currentThread(); }, Qt::DirectConnection);
+    runElsewhere([this] { QVERIFY(!m_half->updateKeyboard()); });
+    QVERIFY(!announcedOn);
+    QTRY_COMPARE(announcedOn, QThread::currentThread());
 }
 
 QTEST_MAIN(tst_RightKeyboardFrame)

@@ -35,7 +35,7 @@ public:
     virtual bool updateECOledText(std::shared_ptr<ECOLEDText> text) = 0;
     virtual bool updateTBarValue(std::shared_ptr<ECTBarValue> value) = 0;
     virtual void updateECDeviceIP(std::shared_ptr<ECDeviceIPData> ip) = 0;
-    /// Announces signalKorvoPluginModeChanged(), so that the host sends every record again.
+    /// Announces signalKorvoPluginModeChanged().
     virtual bool updateKeyboard() = 0;
     virtual void updateDVISignalStatus(std::shared_ptr<DVIInSignal> signal) = 0;
     virtual void updatePeripheralVisibleState(std::shared_ptr<PeripheralControlVisibleState> state) = 0;
@@ -44,19 +44,22 @@ Q_SIGNALS:
     /// A key went down, came up. \a key is the key code: key id plus 0xff0000.
     void ecButtonPressed(const quint32 &key);
     void ecButtonRelease(const quint32 &key);
-    /// The console was asked to refresh itself; the host should send every record again.
+    /// updateKeyboard() was called: the keyboard mode changed, and the host may want to send its records
+    /// anew.
     void signalKorvoPluginModeChanged();
     /// Lamps: on or off, brightness 1 to 15.
     void signalGrooseneckLightStatusChanged(bool on, quint8 brightness);
     void signalFrontLightStatusChanged(bool on, quint8 brightness);
     void signalSideLightStatusChanged(bool on, quint8 brightness);
     void signalLogoLightStatusChanged(bool on, quint8 brightness);
-    /// Peripheral screens: their number, the id of the operation screen (-1 is none), their sizes.
+    /// Peripheral screens: their number, the id of the operation screen (-1 is none), and width and height
+    /// of each in turn.
     void signalSetPeripheralDataChange(int count, int operationScreen, QVector<quint16> sizes);
+    /// New date and time of the console, as texts.
     void signalUpdateSystemTime(QString date, QString time);
     /// New address of a port: interface name, IP, mask, gateway.
     void signalUpdateSystemIP(QString interfaceName, QString ip, QString mask, QString gateway);
-    /// The lever was moved by hand: twelfths of a percent, 0 to 1200.
+    /// The lever moved, other than by a record: twelfths of a percent, 0 to 1200.
     void ecTBarValueChanged(const quint16 &value, bool isBottomToTop);
     /// Asks the host for an ECDeviceIPData record of port \a index.
     void signalReqECDeviceIP(quint8 index);
@@ -64,6 +67,7 @@ Q_SIGNALS:
     void signalRestartControlEvent(quint8 type);
     /// 0 is 24 hours, 1 is 12 hours.
     void signalTimeTypeChanged(int type);
+    /// Port 0 is "eth2", port 1 is "eth0".
     void signalIPModeChanged(quint8 port, quint8 mode);
 };
 

@@ -38,28 +38,20 @@ public:
     virtual bool updateKeyboard() = 0;
 
 Q_SIGNALS:
-    /// A key went down, came up. \a key is the key code: key id plus 0xff0000.
+    // Those of the halves; they are described there.
     void ecButtonPressed(const quint32 &key);
     void ecButtonRelease(const quint32 &key);
-    /// The console was asked to refresh itself; the host should send every record again.
     void signalKorvoPluginModeChanged();
-    /// Lamps: on or off, brightness 1 to 15.
     void signalGrooseneckLightStatusChanged(bool on, quint8 brightness);
     void signalFrontLightStatusChanged(bool on, quint8 brightness);
     void signalSideLightStatusChanged(bool on, quint8 brightness);
     void signalLogoLightStatusChanged(bool on, quint8 brightness);
-    /// Peripheral screens: their number, the id of the operation screen (-1 is none), their sizes.
     void signalSetPeripheralDataChange(int count, int operationScreen, QVector<quint16> sizes);
     void signalUpdateSystemTime(QString date, QString time);
-    /// New address of a port: interface name, IP, mask, gateway.
     void signalUpdateSystemIP(QString interfaceName, QString ip, QString mask, QString gateway);
-    /// The lever was moved by hand: twelfths of a percent, 0 to 1200.
     void ecTBarValueChanged(const quint16 &value, bool isBottomToTop);
-    /// Asks the host for an ECDeviceIPData record of port \a index.
     void signalReqECDeviceIP(quint8 index);
-    /// \a type is an eECRestartType.
     void signalRestartControlEvent(quint8 type);
-    /// 0 is 24 hours, 1 is 12 hours.
     void signalTimeTypeChanged(int type);
     void signalIPModeChanged(quint8 port, quint8 mode);
 };

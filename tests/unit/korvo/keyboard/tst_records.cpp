@@ -31,6 +31,16 @@ void tst_Records::recordsArePlainAndStartAtZero()
     static_assert(std::is_trivially_copyable<ECButtonColor>::value, "records are copied as they stand");
     static_assert(std::is_trivially_copyable<ECOLEDText>::value, "records are copied as they stand");
     static_assert(std::is_trivially_copyable<ECDeviceIPData>::value, "records are copied as they stand");
+    static_assert(std::is_same<decltype(ECTBarValue::Value), quint32>::value, "32 bits");
+    static_assert(std::is_same<decltype(ECTBarValue::IsBottomToTop), quint8>::value, "8 bits");
+    static_assert(std::is_same<decltype(ECDeviceIPData::Index), quint8>::value, "8 bits");
+    static_assert(std::is_same<decltype(ECDeviceIPData::Status), quint8>::value, "8 bits");
+    static_assert(std::is_same<decltype(ECDeviceIPData::IP), quint32>::value, "32 bits");
+    static_assert(std::is_same<decltype(ECDeviceIPData::Mask), quint32>::value, "32 bits");
+    static_assert(std::is_same<decltype(ECDeviceIPData::Gateway), quint32>::value, "32 bits");
+    static_assert(std::is_same<decltype(DVIInSignal::Index), quint8>::value, "8 bits");
+    static_assert(std::is_same<decltype(DVIInSignal::Signal), quint8>::value, "8 bits");
+    static_assert(std::is_same<decltype(PeripheralControlVisibleState::visible), quint8>::value, "8 bits");
 
     const ECButtonColor color;
     QCOMPARE(color.ButtonKey, 0u);
