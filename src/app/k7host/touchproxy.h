@@ -3,15 +3,14 @@
 
 #pragma once
 
+#include <korvo/ec/touchrouter.h>
+
 #include <QGraphicsProxyWidget>
-#include <QHash>
-#include <QPointer>
-#include <QTouchEvent>
 
 namespace K7Host {
 
 /// Puts a widget into a scene and hands touches on to the child widgets that the fingers came down on; the
-/// base class knows only of touches on the widget as a whole. A finger that no widget takes acts as the
+/// base class knows only of touches on the widget as a whole. A first finger that no widget takes acts as the
 /// mouse.
 class TouchProxy : public QGraphicsProxyWidget
 {
@@ -24,12 +23,7 @@ protected:
     bool event(QEvent *event) override;
 
 private:
-    bool handOut(const QTouchEvent &event);
-    void cancel();
-    QWidget *touchTargetAt(const QPointF &pos) const;
-    bool isTouched(const QWidget *target) const;
-
-    QHash<int, QPointer<QWidget>> m_targets; // by finger, for as long as it is down
+    Korvo::EC::TouchRouter m_router;
 };
 
 } // namespace K7Host

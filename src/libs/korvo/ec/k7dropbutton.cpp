@@ -3,6 +3,8 @@
 
 #include "k7dropbutton.h"
 
+#include "windowtouches.h"
+
 #include <QApplication>
 #include <QButtonGroup>
 #include <QElapsedTimer>
@@ -294,6 +296,9 @@ bool K7DropButton::event(QEvent *event)
         m_d->letGo();
         if (guard && !isEnabled())
             setDown(false); // or QAbstractButton says released() of what was never pressed
+        break;
+    case QEvent::Show:
+        WindowTouches::routeTo(this);
         break;
     case QEvent::TouchCancel:
     case QEvent::Hide:
