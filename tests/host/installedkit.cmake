@@ -15,6 +15,11 @@ function(run)
 endfunction()
 
 file(REMOVE_RECURSE ${WORK})
+# Nothing of whoever runs the test.
+set(ENV{XDG_CONFIG_HOME} ${WORK}/config)
+foreach(variable IN ITEMS QT_SCALE_FACTOR QT_LOGGING_RULES QT_MESSAGE_PATTERN)
+    unset(ENV{${variable}})
+endforeach()
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/prefix)
 # Whoever moves the tree takes along all that it needs.
 file(RENAME ${WORK}/prefix ${WORK}/moved)

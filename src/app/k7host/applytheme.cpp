@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QPalette>
 
 namespace K7Host {
@@ -40,10 +41,19 @@ QPalette darkPalette()
 
 std::optional<Fault> applyTheme(const QString &dir)
 {
+    if (QDir(dir).absolutePath().contains(QLatin1Char('"'))) { // keys name their pictures in quotes
+        return Fault{ExitBadArguments,
+                     QStringLiteral("the theme's folder %1 has a quote in its name").arg(dir)};
+    }
     QFile styleSheet(QDir(dir).filePath(QStringLiteral("console.qss")));
     if (!styleSheet.open(QIODevice::ReadOnly | QIODevice::Text)) {
         return Fault{ExitBadArguments, QStringLiteral("cannot read the theme's style sheet %1: %2")
                                            .arg(styleSheet.fileName(), styleSheet.errorString())};
+    }
+    const QFileInfo images(QDir(dir).filePath(QStringLiteral("images")));
+    if (!images.isDir() || !images.isReadable()) {
+        return Fault{ExitBadArguments,
+                     QStringLiteral("cannot read the theme's pictures in %1").arg(images.filePath())};
     }
     QApplication::setStyle(QStringLiteral("Fusion"));
     QDir::setSearchPaths(QStringLiteral("theme"), {dir});

@@ -16,7 +16,6 @@ ConsoleSession::ConsoleSession(IKorvoECKeyboardPlugin *plugin, DeviceLink *link,
     , m_link(link)
 {
     connectEvents();
-    connectRecords();
 }
 
 ConsoleSession::~ConsoleSession() = default;
@@ -29,6 +28,7 @@ void ConsoleSession::start()
         if (const auto keyboard = half.toStrongRef())
             keyboard->applyNoramlStyleSheet();
     }
+    connectRecords(); // the list of halves is complete, and constant from now on
     m_link->refresh();
 }
 

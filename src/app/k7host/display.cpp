@@ -18,6 +18,9 @@ namespace {
 const char PlatformVariable[] = "QT_QPA_PLATFORM";
 const char ScaleVariable[] = "QT_SCALE_FACTOR";
 
+// For the title and the edges that a desktop puts around a window.
+constexpr QSize FrameRoom(16, 48);
+
 // Tried in this order.
 const char Platforms[] = "xcb;wayland;offscreen";
 
@@ -74,14 +77,13 @@ qreal reduction(const Options &options, const QSize &native)
     const QScreen *screen = QGuiApplication::primaryScreen();
     if (isScaledByUser || isOffscreen() || !screen)
         return 1;
-    return fittingFactor(native, screen->availableSize());
+    return fittingFactor(native, screen->availableSize() - FrameRoom);
 }
 
 qreal fittingFactor(const QSize &native, const QSize &available)
 {
     const qreal width = available.width() / qreal(native.width());
     const qreal height = available.height() / qreal(native.height());
-    // Rounding down leaves some room for the window's frame.
     const qreal hundredths = std::floor(std::min({width, height, qreal(1)}) * 100);
     return std::max(hundredths, qreal(1)) / 100;
 }

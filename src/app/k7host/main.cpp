@@ -82,6 +82,8 @@ int showConsole(int argc, char *argv[], const Options &options)
     if (const auto fault = plugins.load(options.pluginDir))
         return report(*fault);
     Korvo::IKorvoECKeyboardPlugin *plugin = plugins.keyboardPlugin();
+    if (!plugin && plugins.hasFailed())
+        return ExitPluginUnusable; // the reason is told
     if (!plugin) {
         return report({ExitPluginUnusable,
                        QStringLiteral("no plug-in in %1 supplies a console").arg(options.pluginDir)});

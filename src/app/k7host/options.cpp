@@ -39,7 +39,7 @@ private:
                                      QStringLiteral("Folder of the console's looks."), QStringLiteral("DIR"),
                                      defaultDir(KORVO_THEME_PATH)};
     const QCommandLineOption m_language{QStringLiteral("lang"),
-                                        QStringLiteral("Language of this run, such as de or de_CH."),
+                                        QStringLiteral("Language of this run, such as en."),
                                         QStringLiteral("LOCALE")};
     const QCommandLineOption m_scale{
         QStringLiteral("scale"),

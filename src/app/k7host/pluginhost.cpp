@@ -9,6 +9,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 using Ovo::ExtensionSystem::PluginManager;
 using Ovo::ExtensionSystem::PluginSpec;
 
@@ -41,7 +43,8 @@ QString stateName(PluginSpec::State state)
 
 QString description(const PluginSpec &plugin)
 {
-    QStringList words{plugin.name(), plugin.version(), stateName(plugin.state()), plugin.filePath()};
+    const QString state = plugin.hasError() ? QStringLiteral("failed") : stateName(plugin.state());
+    QStringList words{plugin.name(), plugin.version(), state, plugin.filePath()};
     if (plugin.hasError())
         words << plugin.errorString().simplified();
     return words.join(QLatin1Char('\t'));
@@ -70,6 +73,13 @@ std::optional<Fault> PluginHost::load(const QString &dir)
         return Fault{ExitPluginUnusable, QStringLiteral("no plug-in found in %1").arg(dir)};
     PluginManager::loadPlugins();
     return {};
+}
+
+bool PluginHost::hasFailed() const
+{
+    const auto plugins = PluginManager::plugins();
+    return std::any_of(plugins.cbegin(), plugins.cend(),
+                       [](const PluginSpec *plugin) { return plugin->hasError(); });
 }
 
 QStringList PluginHost::descriptions() const

@@ -32,6 +32,9 @@ public:
     /// there is none.
     std::optional<Fault> load(const QString &dir);
 
+    /// Whether a plug-in failed, which load() has warned of.
+    bool hasFailed() const;
+
     /// One line for each plug-in: name, version, state, file, and its error if it has one.
     QStringList descriptions() const;
 

@@ -176,8 +176,9 @@ void tst_RightKeyboardFrame::updateKeyboardAnnouncesTheModeChangeAndSaysFalse()
 void tst_RightKeyboardFrame::aCallFromAnotherThreadAnnouncesOnTheGuiThread()
 {
     QThread *announcedOn = nullptr;
+    const QObject context;
     connect(
-        m_half.get(), &IKorvoECKeyboard::signalKorvoPluginModeChanged, this,
+        m_half.get(), &IKorvoECKeyboard::signalKorvoPluginModeChanged, &context,
         [&announcedOn] { announcedOn = QThread::currentThread(); }, Qt::DirectConnection);
     runElsewhere([this] { QVERIFY(!m_half->updateKeyboard()); });
     QVERIFY(!announcedOn);

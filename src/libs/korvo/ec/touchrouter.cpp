@@ -72,7 +72,7 @@ TouchRouter::Points TouchRouter::route(const QTouchEvent &event)
             others.append(point);
             continue;
         }
-        const QPointer<QWidget> target = *routed;
+        QPointer<QWidget> target = *routed;
         if (point.state() == Qt::TouchPointReleased)
             m_targets.remove(point.id());
 

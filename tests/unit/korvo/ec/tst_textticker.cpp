@@ -305,7 +305,7 @@ void tst_TextTicker::aLongTextStandsStillFirstAndThenScrolls()
     const QImage start = picture(&ticker);
     QVERIFY(ink(start).left() < 5);
     QTRY_VERIFY(picture(&ticker) != start);
-    QVERIFY2(still.elapsed() > 800 && still.elapsed() < 2000, qPrintable(QString::number(still.elapsed())));
+    QVERIFY2(still.elapsed() > 800, qPrintable(QString::number(still.elapsed())));
 }
 
 void tst_TextTicker::scrollingMovesTheWholePictureByPixels()
