@@ -53,9 +53,8 @@ namespace {
 
 constexpr int TimeLimit = 7000; // ms for whatever is waited for
 
-// Half the console's size, so that the mouse goes through the scale.
-const char Scale[] = "0.5";
-const char ScreenSize[] = "1745x525";
+// The console fits itself to this screen at half its size, so that the mouse goes through the scale.
+const char ScreenSize[] = "1761x573";
 // The third row of the left half on that screen. Other rows may be lit in the same colours.
 constexpr QRect InputSection(0, 180, 877, 88);
 
@@ -117,6 +116,7 @@ void tst_RemoteConsole::startProgram()
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove(QStringLiteral("QT_LOGGING_RULES"));
     environment.remove(QStringLiteral("QT_MESSAGE_PATTERN"));
+    environment.remove(QStringLiteral("QT_SCALE_FACTOR"));
     const QString platform = QStringLiteral("vnc:size=%1:port=%2");
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"),
                        platform.arg(QLatin1String(ScreenSize)).arg(m_portKeeper.localPort()));
@@ -125,8 +125,7 @@ void tst_RemoteConsole::startProgram()
     m_program.reset(new QProcess);
     m_program->setProcessEnvironment(environment);
     m_program->setProcessChannelMode(QProcess::MergedChannels);
-    m_program->start(QStringLiteral(K7HOST), {QStringLiteral("--scale"), QLatin1String(Scale),
-                                              QStringLiteral("--lang"), QStringLiteral("en")});
+    m_program->start(QStringLiteral(K7HOST), {QStringLiteral("--lang"), QStringLiteral("en")});
 }
 
 /// However it was used: asked to end it ends well, and has said nothing but what Qt's server says.
