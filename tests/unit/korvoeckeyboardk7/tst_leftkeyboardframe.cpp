@@ -157,9 +157,8 @@ void tst_LeftKeyboardFrame::aHeldKeyIsReleasedWhileTheHalfIsStillOne()
     QVERIFY(QTest::qWaitForWindowExposed(m_half.get()));
     IKorvoECKeyboard *half = m_half.get();
     QStringList names;
-    const QObject context; // goes before the names do
-    connect(half, &IKorvoECKeyboard::ecButtonRelease, &context, [half, &names] {
-        names << half->displayName();
+    connect(half, &IKorvoECKeyboard::ecButtonRelease, this, [half, told = &names] {
+        *told << half->displayName();
         half->updateECButtonColor(colorRecord(38, 255, 0, 0));
     });
     QTest::mousePress(key(), Qt::LeftButton);

@@ -176,10 +176,9 @@ void tst_RightKeyboardFrame::updateKeyboardAnnouncesTheModeChangeAndSaysFalse()
 void tst_RightKeyboardFrame::aCallFromAnotherThreadAnnouncesOnTheGuiThread()
 {
     QThread *announcedOn = nullptr;
-    const QObject context;
     connect(
-        m_half.get(), &IKorvoECKeyboard::signalKorvoPluginModeChanged, &context,
-        [&announcedOn] { announcedOn = QThread::currentThread(); }, Qt::DirectConnection);
+        m_half.get(), &IKorvoECKeyboard::signalKorvoPluginModeChanged, this,
+        [told = &announcedOn] { *told = QThread::currentThread(); }, Qt::DirectConnection);
     runElsewhere([this] { QVERIFY(!m_half->updateKeyboard()); });
     QVERIFY(!announcedOn);
     QTRY_COMPARE(announcedOn, QThread::currentThread());

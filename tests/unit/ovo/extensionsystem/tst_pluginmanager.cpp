@@ -249,7 +249,7 @@ void tst_PluginManager::findsEachFileOnce()
 
 void tst_PluginManager::readsMetaDataWithoutLoading()
 {
-    const QString loaded = QStringLiteral("neverloaded.libraryLoaded");
+    const QString loaded = QStringLiteral("neverloaded.moduleLoaded");
     QCOMPARE(Fixtures::find({QStringLiteral("neverloaded")}).size(), 1);
     QCOMPARE(PluginManager::plugins().at(0)->name(), QStringLiteral("neverloaded"));
     QCOMPARE(Fixtures::calls().count(loaded), 0);
@@ -352,7 +352,7 @@ void tst_PluginManager::lifeCycleFollowsTheDependencies()
     PluginManager::shutdown();
 
     QStringList calls = Fixtures::calls();
-    const QStringList libraries = Fixtures::calls(QStringLiteral("libraryLoaded"));
+    const QStringList libraries = Fixtures::calls(QStringLiteral("moduleLoaded"));
     for (const QString &library : libraries)
         calls.removeAll(library);
     const QStringList expected{
@@ -543,7 +543,7 @@ void tst_PluginManager::failureToInitializeIsAnError()
 
     PluginManager::shutdown();
     QStringList calls = Fixtures::calls().filter(fixture);
-    calls.removeAll(fixture + QStringLiteral(".libraryLoaded"));
+    calls.removeAll(fixture + QStringLiteral(".moduleLoaded"));
     QCOMPARE(calls,
              QStringList({fixture + QStringLiteral(".constructed"), fixture + QStringLiteral(".initialize"),
                           fixture + QStringLiteral(".deleted")}));
