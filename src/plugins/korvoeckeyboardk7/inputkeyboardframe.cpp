@@ -10,41 +10,31 @@ namespace Korvo::ECKeyboard::K7 {
 
 namespace Internal {
 
-class InputKeyboardFramePrivate : public QObject
+class InputKeyboardFramePrivate : public KeySection<InputKeyboardFrame, Ui::InputKeyboardFrame>
 {
     Q_OBJECT
 
 public:
-    explicit InputKeyboardFramePrivate(InputKeyboardFrame *keyboard)
-        : m_pKeyboard(keyboard)
-    {
-    }
-    ~InputKeyboardFramePrivate() override { delete ui; }
+    using KeySection::KeySection;
 
     void createWidgets();
     void createConnects();
     PageKeys pageKeys() const { return {ui->pageUpToolButton, ui->pageDownToolButton}; }
 
-    InputKeyboardFrame *m_pKeyboard; // owns this
-    Ui::InputKeyboardFrame *ui = nullptr;
-    KeyList m_pECButtons;
     LabelList m_pECTexts;
 
 private Q_SLOTS:
-    void slotPageUpToolButtonPressed() { sendPress(m_pKeyboard, ui->pageUpToolButton); }
-    void slotPageUpToolButtonReleased() { sendRelease(m_pKeyboard, ui->pageUpToolButton); }
-    void slotPageDownToolButtonPressed() { sendPress(m_pKeyboard, ui->pageDownToolButton); }
-    void slotPageDownToolButtonReleased() { sendRelease(m_pKeyboard, ui->pageDownToolButton); }
-    void slotInputButtonGroupPressed(QAbstractButton *button) { sendPress(m_pKeyboard, button); }
-    void slotInputButtonGroupReleased(QAbstractButton *button) { sendRelease(m_pKeyboard, button); }
+    void slotPageUpToolButtonPressed() { press(ui->pageUpToolButton); }
+    void slotPageUpToolButtonReleased() { release(ui->pageUpToolButton); }
+    void slotPageDownToolButtonPressed() { press(ui->pageDownToolButton); }
+    void slotPageDownToolButtonReleased() { release(ui->pageDownToolButton); }
+    void slotInputButtonGroupPressed(QAbstractButton *button) { press(button); }
+    void slotInputButtonGroupReleased(QAbstractButton *button) { release(button); }
 };
 
 void InputKeyboardFramePrivate::createWidgets()
 {
-    ui = new Ui::InputKeyboardFrame;
-    ui->setupUi(m_pKeyboard);
-
-    mark(m_pKeyboard, "contentFrame");
+    createForm();
     mark(ui->frame, "contentFrame");
     markAll(ui->inputButtonGroup, "isInputToolButton");
     mark(ui->pageUpToolButton, "isInputPageUpToolButton");

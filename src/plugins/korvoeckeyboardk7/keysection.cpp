@@ -88,12 +88,16 @@ void paintKey(QWidget *key, const QString &styleSheet)
         key->setStyleSheet(styleSheet);
 }
 
+void paintIdle(QAbstractButton *key)
+{
+    paintKey(key, K7Plugin::instance()->ecButtonBorderImageCSS(WhiteButton));
+}
+
 void paintIdle(const QButtonGroup *group)
 {
-    const QString white = K7Plugin::instance()->ecButtonBorderImageCSS(WhiteButton);
     const QList<QAbstractButton *> buttons = group->buttons();
     for (QAbstractButton *button : buttons)
-        paintKey(button, white);
+        paintIdle(button);
 }
 
 void paintIdle(const PageKeys &pageKeys)

@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QButtonGroup>
 #include <QList>
+#include <QObject>
 
 #include <memory>
 
@@ -43,21 +44,6 @@ quint32 keyCode(const QObject *key);
 /// way to the host.
 void letGoOfKeys(QWidget *keyboard);
 
-/// Sends the code of \a key as pressed or released from the section \a keyboard; nothing for null.
-template <typename Keyboard>
-void sendPress(Keyboard *keyboard, const QAbstractButton *key)
-{
-    if (key)
-        Q_EMIT keyboard->ecButtonPressed(keyCode(key));
-}
-
-template <typename Keyboard>
-void sendRelease(Keyboard *keyboard, const QAbstractButton *key)
-{
-    if (key)
-        Q_EMIT keyboard->ecButtonRelease(keyCode(key));
-}
-
 /// Connects a group of keys, or one key, to a pair of slots of \a receiver.
 template <typename Receiver>
 void connectGroup(const QButtonGroup *group, const Receiver *receiver,
@@ -92,7 +78,9 @@ void appendLabels(LabelList *labels, const QObject *holder);
 /// Paints \a key with \a styleSheet; costs nothing when it looks so already.
 void paintKey(QWidget *key, const QString &styleSheet);
 
-/// Gives every button of \a group the idle look of ordinary keys.
+/// Gives \a key the idle look of ordinary keys.
+void paintIdle(QAbstractButton *key);
+/// The same for every button of \a group.
 void paintIdle(const QButtonGroup *group);
 /// Gives both page keys their idle look; neither is null.
 void paintIdle(const PageKeys &pageKeys);
@@ -107,5 +95,41 @@ bool paintMatchingKey(const KeyList &keys, const std::shared_ptr<ECButtonColor> 
 
 /// Writes \a text to the first of \a labels that has its id. False when there is none, and for null.
 bool writeMatchingLabel(const LabelList &labels, const std::shared_ptr<ECOLEDText> &text);
+
+/// The private part of the key section \a Keyboard with the form \a Form: a section's own adds its slots.
+template <typename Keyboard, typename Form>
+class KeySection : public QObject
+{
+public:
+    explicit KeySection(Keyboard *keyboard)
+        : m_pKeyboard(keyboard)
+    {
+    }
+    ~KeySection() override { delete ui; }
+
+    Keyboard *m_pKeyboard; // owns this
+    Form *ui = nullptr;
+    KeyList m_pECButtons;
+
+protected:
+    void createForm()
+    {
+        ui = new Form;
+        ui->setupUi(m_pKeyboard);
+        mark(m_pKeyboard, "contentFrame");
+    }
+
+    /// Sends the code of \a key as pressed or released; nothing for null.
+    void press(const QAbstractButton *key)
+    {
+        if (key)
+            Q_EMIT m_pKeyboard->ecButtonPressed(keyCode(key));
+    }
+    void release(const QAbstractButton *key)
+    {
+        if (key)
+            Q_EMIT m_pKeyboard->ecButtonRelease(keyCode(key));
+    }
+};
 
 } // namespace Korvo::ECKeyboard::K7::Internal
