@@ -4,10 +4,182 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>FunctionKeyboardFrame</name>
+    <message>
+        <source>FUNCTION</source>
+        <translation>FUNCTION</translation>
+    </message>
+    <message>
+        <source>SAVE
+ TO
+DEVICE</source>
+        <translation>SAVE
+ TO
+DEVICE</translation>
+    </message>
+    <message>
+        <source>PGM
+EDIT</source>
+        <translation>PGM
+EDIT</translation>
+    </message>
+    <message>
+        <source>MVR</source>
+        <translation>MVR</translation>
+    </message>
+    <message>
+        <source>DSK</source>
+        <translation>DSK</translation>
+    </message>
+    <message>
+        <source>COPY</source>
+        <translation>COPY</translation>
+    </message>
+    <message>
+        <source>MIRROR</source>
+        <translation>MIRROR</translation>
+    </message>
+    <message>
+        <source>SWAP</source>
+        <translation>SWAP</translation>
+    </message>
+    <message>
+        <source>LOCK
+T-BAR</source>
+        <translation>LOCK
+T-BAR</translation>
+    </message>
+    <message>
+        <source>LOCK
+PANEL</source>
+        <translation>LOCK
+PANEL</translation>
+    </message>
+</context>
+<context>
     <name>InputKeyboardFrame</name>
     <message>
         <source>INPUT</source>
         <translation>INPUT</translation>
+    </message>
+</context>
+<context>
+    <name>LayerKeyboardFrame</name>
+    <message>
+        <source>LAYER</source>
+        <translation>LAYER</translation>
+    </message>
+    <message>
+        <source>LAYER EDIT</source>
+        <translation>LAYER EDIT</translation>
+    </message>
+    <message>
+        <source>CLEAR</source>
+        <translation>CLEAR</translation>
+    </message>
+    <message>
+        <source>TOP</source>
+        <translation>TOP</translation>
+    </message>
+    <message>
+        <source>CLEAR
+ ALL</source>
+        <translation>CLEAR
+ ALL</translation>
+    </message>
+    <message>
+        <source>BOTTOM</source>
+        <translation>BOTTOM</translation>
+    </message>
+</context>
+<context>
+    <name>NumberKeyboardFrame</name>
+    <message>
+        <source>NUMBER</source>
+        <translation>NUMBER</translation>
+    </message>
+    <message>
+        <source>BACK</source>
+        <translation>BACK</translation>
+    </message>
+    <message>
+        <source>ENTER</source>
+        <translation>ENTER</translation>
+    </message>
+</context>
+<context>
+    <name>PresetKeyboardFrame</name>
+    <message>
+        <source>PRESET</source>
+        <translation>PRESET</translation>
+    </message>
+    <message>
+        <source>PRESET EDIT</source>
+        <translation>PRESET EDIT</translation>
+    </message>
+    <message>
+        <source>CLEAR</source>
+        <translation>CLEAR</translation>
+    </message>
+    <message>
+        <source>SAVE</source>
+        <translation>SAVE</translation>
+    </message>
+    <message>
+        <source>CLEAR
+ ALL</source>
+        <translation>CLEAR
+ ALL</translation>
+    </message>
+    <message>
+        <source>CUT</source>
+        <translation>CUT</translation>
+    </message>
+    <message>
+        <source>TAKE</source>
+        <translation>TAKE</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenKeyboardFrame</name>
+    <message>
+        <source>SCREEN</source>
+        <translation>SCREEN</translation>
+    </message>
+    <message>
+        <source>FREEZE
+ PGM</source>
+        <translation>FREEZE
+ PGM</translation>
+    </message>
+    <message>
+        <source>MATCH
+ PGM </source>
+        <translation>MATCH
+ PGM </translation>
+    </message>
+    <message>
+        <source>FTB</source>
+        <translation>FTB</translation>
+    </message>
+</context>
+<context>
+    <name>TransitionKeyboardFrame</name>
+    <message>
+        <source>MIX</source>
+        <translation>MIX</translation>
+    </message>
+    <message>
+        <source>WIPE</source>
+        <translation>WIPE</translation>
+    </message>
+    <message>
+        <source>TIME+</source>
+        <translation>TIME+</translation>
+    </message>
+    <message>
+        <source>TIME-</source>
+        <translation>TIME-</translation>
     </message>
 </context>
 </TS>
