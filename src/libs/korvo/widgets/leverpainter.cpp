@@ -13,6 +13,7 @@ namespace Korvo::Widgets {
 namespace {
 
 const qreal margin = 7;
+const qreal rightMargin = 14; // panels a little narrower than the lever cut none of it off
 const qreal gap = 4;
 const qreal longTick = 9;
 const qreal pointerWidth = 7;
@@ -235,7 +236,7 @@ void LeverPainter::paintPointer()
 LeverGeometry::LeverGeometry(const QRectF &area, const QFont &font, bool hasArrows,
                              tbar::TbarDirection direction)
 {
-    const QRectF inner = area.adjusted(margin, margin, -margin, -margin);
+    const QRectF inner = area.adjusted(margin, margin, -rightMargin, -margin);
     const auto column = [&inner](qreal left, qreal width) {
         return QRectF(left, inner.top(), width, inner.height());
     };

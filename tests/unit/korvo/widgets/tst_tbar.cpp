@@ -902,7 +902,7 @@ void tst_tbar::edgesAreSharp()
     // The upper and the right edge of the rail: the background, a line, the rail.
     QSet<QRgb> upper;
     QSet<QRgb> right;
-    for (int i = 0; i < 15 * scale; ++i) {
+    for (int i = 0; i < 20 * scale; ++i) {
         upper << image.pixel(qRound(130 * scale), i);
         right << image.pixel(image.width() - 1 - i, image.height() / 3);
     }
