@@ -30,7 +30,8 @@ public:
     template <typename Operation>
     void handToSections(const Operation &operation)
     {
-        Internal::handToSections(m_pKeyboard, operation, ui->inputKeyboardFrame);
+        Internal::handToSections(m_pKeyboard, operation, ui->screenKeyboardFrame, ui->layerKeyboardframe,
+                                 ui->inputKeyboardFrame, ui->presetKeyboardFrame);
     }
 
     LeftKeyboardFrame *m_pKeyboard; // owns this
@@ -46,7 +47,10 @@ void LeftKeyboardFramePrivate::createWidgets()
 
 void LeftKeyboardFramePrivate::createConnects()
 {
+    relayKeys(ui->screenKeyboardFrame, m_pKeyboard);
+    relayKeys(ui->layerKeyboardframe, m_pKeyboard);
     relayKeys(ui->inputKeyboardFrame, m_pKeyboard);
+    relayKeys(ui->presetKeyboardFrame, m_pKeyboard);
 }
 
 } // namespace Internal

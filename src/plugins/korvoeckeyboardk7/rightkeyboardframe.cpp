@@ -25,6 +25,13 @@ public:
     ~RightKeyboardFramePrivate() override { delete ui; }
 
     void createWidgets();
+    void createConnects();
+
+    template <typename Operation>
+    void handToKeySections(const Operation &operation)
+    {
+        handToSections(m_pKeyboard, operation, ui->numberFrame, ui->functionFrame, ui->transitionFrame);
+    }
 
     RightKeyboardFrame *m_pKeyboard; // owns this
     Ui::RightKeyboardFrame *ui = nullptr;
@@ -40,6 +47,15 @@ void RightKeyboardFramePrivate::createWidgets()
     ui->tBarFrame->setProperty("contentFrame", true);
 }
 
+void RightKeyboardFramePrivate::createConnects()
+{
+    relayKeys(ui->numberFrame, m_pKeyboard);
+    relayKeys(ui->functionFrame, m_pKeyboard);
+    relayKeys(ui->transitionFrame, m_pKeyboard);
+    connect(ui->tBarFrame, &TBarKeyboadFrame::ecTBarValueChanged, m_pKeyboard,
+            &RightKeyboardFrame::ecTBarValueChanged);
+}
+
 } // namespace Internal
 
 RightKeyboardFrame::RightKeyboardFrame(QWidget *parent)
@@ -47,6 +63,7 @@ RightKeyboardFrame::RightKeyboardFrame(QWidget *parent)
     , d(new Internal::RightKeyboardFramePrivate(this))
 {
     d->createWidgets();
+    d->createConnects();
 }
 
 RightKeyboardFrame::~RightKeyboardFrame()
@@ -66,20 +83,30 @@ Ovo::Utils::Id RightKeyboardFrame::keyboardId() const
     return Ovo::Utils::Id::fromString(QStringLiteral("K7_Right_Keyboard"));
 }
 
-void RightKeyboardFrame::applyNoramlStyleSheet() {}
-
-bool RightKeyboardFrame::updateECButtonColor(std::shared_ptr<ECButtonColor>)
+void RightKeyboardFrame::applyNoramlStyleSheet()
 {
+    d->handToKeySections([](auto *section) { section->applyNoramlStyleSheet(); });
+}
+
+bool RightKeyboardFrame::updateECButtonColor(std::shared_ptr<ECButtonColor> color)
+{
+    d->handToKeySections([color](auto *section) { section->updateECButtonColor(color); });
     return true;
 }
 
-bool RightKeyboardFrame::updateECOledText(std::shared_ptr<ECOLEDText>)
+bool RightKeyboardFrame::updateECOledText(std::shared_ptr<ECOLEDText> text)
 {
+    // Not to the number section, which has no labels.
+    Internal::handToSections(
+        this, [text](auto *section) { section->updateECOledText(text); }, d->ui->functionFrame,
+        d->ui->transitionFrame);
     return true;
 }
 
-bool RightKeyboardFrame::updateTBarValue(std::shared_ptr<ECTBarValue>)
+bool RightKeyboardFrame::updateTBarValue(std::shared_ptr<ECTBarValue> value)
 {
+    Internal::handToSections(
+        this, [value](auto *section) { section->updateTBarValue(value); }, d->ui->tBarFrame);
     return true;
 }
 

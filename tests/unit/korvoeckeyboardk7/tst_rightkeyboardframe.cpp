@@ -72,8 +72,8 @@ void tst_RightKeyboardFrame::innerFramesAreMarked()
             marked << child->objectName();
     }
     marked.sort();
-    QCOMPARE(marked, (QStringList{QStringLiteral("frame_6"), QStringLiteral("tBarFrame"),
-                                  QStringLiteral("transitionFrame")}));
+    for (const char *name : {"frame_6", "tBarFrame", "transitionFrame"})
+        QVERIFY2(marked.contains(QLatin1String(name)), name);
 }
 
 void tst_RightKeyboardFrame::sizesAreTheConsoles_data()
