@@ -104,18 +104,22 @@ void LayerKeyboardFrame::applyNoramlStyleSheet()
 {
     Internal::paintIdle(d->ui->layerButtonGroup);
     Internal::markAll(d->ui->layerButtonGroup, "isLayerToolButton");
-    Internal::paintIdle(d->ui->clearLayerToolButton);
-    Internal::mark(d->ui->clearLayerToolButton, "isLayerClearToolButton");
-    Internal::paintIdle(d->ui->clearAllLayerToolButton);
-    Internal::mark(d->ui->clearAllLayerToolButton, "isClearAllLayerToolButton");
-    Internal::paintIdle(d->ui->setTopZValueToolButton);
-    Internal::mark(d->ui->setTopZValueToolButton, "isTopZToolButton");
-    Internal::paintIdle(d->ui->setBottomZValueToolButton);
-    Internal::mark(d->ui->setBottomZValueToolButton, "isBottomZToolButton");
-    Internal::paintIdle(d->ui->reserved_1_ToolButton);
-    Internal::mark(d->ui->reserved_1_ToolButton, "isLayerReserved1ToolButton");
-    Internal::paintIdle(d->ui->reserved_2_ToolButton);
-    Internal::mark(d->ui->reserved_2_ToolButton, "isLayerReserved2ToolButton");
+    const struct
+    {
+        QAbstractButton *key;
+        const char *marker;
+    } editKeys[] = {
+        {d->ui->clearLayerToolButton, "isLayerClearToolButton"},
+        {d->ui->clearAllLayerToolButton, "isClearAllLayerToolButton"},
+        {d->ui->setTopZValueToolButton, "isTopZToolButton"},
+        {d->ui->setBottomZValueToolButton, "isBottomZToolButton"},
+        {d->ui->reserved_1_ToolButton, "isLayerReserved1ToolButton"},
+        {d->ui->reserved_2_ToolButton, "isLayerReserved2ToolButton"},
+    };
+    for (const auto &edit : editKeys) {
+        Internal::paintIdle(edit.key);
+        Internal::mark(edit.key, edit.marker);
+    }
     Internal::paintIdle(d->pageKeys());
     Internal::mark(d->ui->pageUpToolButton, "isLayerPageUpToolButton");
     Internal::mark(d->ui->pageDownToolButton, "isLayerPageDownToolButton");
