@@ -4,20 +4,12 @@
 #include "inputmodel.h"
 
 #include <array>
-#include <utility>
 
 namespace K7Host {
 
 namespace {
 
-constexpr int SourceCount = InputModel::PageCount * InputModel::KeysPerPage;
-
-// The label above each key, from left to right.
-constexpr std::array<quint32, InputModel::KeysPerPage> LabelIds{
-    12, 15, 14, 13, 17, 16, 23, 22, 21, 20, 19, 18, 79, 78, 82, 80,
-};
-
-constexpr std::array<const char *, SourceCount> SourceNames{
+constexpr std::array<const char *, InputModel::SourceCount> SourceNames{
     "CAM 1",
     "CAM 2",
     "CAM 3",
@@ -55,58 +47,33 @@ constexpr std::array<const char *, SourceCount> SourceNames{
 
 } // namespace
 
-void InputModel::press(quint32 key)
+InputModel::InputModel()
+    : m_keys({FirstKey,
+              PageUpKey,
+              PageDownKey,
+              {12, 15, 14, 13, 17, 16, 23, 22, 21, 20, 19, 18, 79, 78, 82, 80},
+              PageLabel},
+             SourceCount)
 {
-    if (key == PageUpKey)
-        turnTo(m_page - 1);
-    else if (key == PageDownKey)
-        turnTo(m_page + 1);
-    else if (key >= FirstKey && key < FirstKey + KeysPerPage)
-        select(m_page * KeysPerPage + static_cast<int>(key - FirstKey));
 }
 
-QMap<quint32, QRgb> InputModel::keyColors() const
+QString InputModel::sourceName(int source)
 {
-    QMap<quint32, QRgb> colors;
-    for (int i = 0; i < KeysPerPage; ++i)
-        colors.insert(FirstKey + static_cast<quint32>(i), sourceColor(m_page * KeysPerPage + i));
-    colors.insert(PageUpKey, m_page > 0 ? Available : Idle);
-    colors.insert(PageDownKey, m_page < PageCount - 1 ? Available : Idle);
-    return colors;
+    return QString::fromUtf8(SourceNames.at(static_cast<std::size_t>(source)));
 }
 
-QMap<quint32, QString> InputModel::labelTexts() const
+KeyColors InputModel::keyColors(const Composition &program, const Composition &preview) const
 {
-    QMap<quint32, QString> texts;
-    for (std::size_t i = 0; i < LabelIds.size(); ++i) {
-        const auto source = static_cast<std::size_t>(m_page * KeysPerPage) + i;
-        texts.insert(LabelIds.at(i), QString::fromUtf8(SourceNames.at(source)));
-    }
-    texts.insert(PageLabel, QStringLiteral("Page %1/%2").arg(m_page + 1).arg(PageCount));
-    return texts;
+    return m_keys.colors([&](int source) {
+        if (program.shows(source))
+            return KeyColor::Red;
+        return preview.shows(source) ? KeyColor::Green : KeyColor::Idle;
+    });
 }
 
-void InputModel::select(int source)
+LabelTexts InputModel::labelTexts() const
 {
-    if (source == m_program)
-        return;
-    if (source == m_preview)
-        std::swap(m_program, m_preview);
-    else
-        m_preview = source;
-}
-
-void InputModel::turnTo(int page)
-{
-    if (page >= 0 && page < PageCount)
-        m_page = page;
-}
-
-QRgb InputModel::sourceColor(int source) const
-{
-    if (source == m_program)
-        return Program;
-    return source == m_preview ? Preview : Idle;
+    return m_keys.texts(&InputModel::sourceName);
 }
 
 } // namespace K7Host

@@ -3,46 +3,35 @@
 
 #pragma once
 
-#include <QMap>
-#include <QRgb>
-#include <QString>
+#include "composition.h"
+#include "pagedkeys.h"
 
 namespace K7Host {
 
-/// The Input section of a video processor: two pages of sixteen sources, one of them on program, one on
-/// preview.
+/// The Input section of a video processor: two pages of sixteen sources.
 class InputModel
 {
 public:
+    static constexpr int SourceCount = 32;
     static constexpr quint32 FirstKey = 36; ///< INPUT_01; the others follow
-    static constexpr int KeysPerPage = 16;
     static constexpr quint32 PageUpKey = 52;
     static constexpr quint32 PageDownKey = 53;
     static constexpr quint32 PageLabel = 51;
-    static constexpr int PageCount = 2;
 
-    static constexpr QRgb Program = 0xffff0000;
-    static constexpr QRgb Preview = 0xff00ff00;
-    static constexpr QRgb Available = 0xff0000ff; ///< of a page key that leads somewhere
-    static constexpr QRgb Idle = 0xff000000;
+    /// \a source is 0 to SourceCount - 1.
+    static QString sourceName(int source);
 
-    /// An input goes on preview; the one that is there already goes on program, in exchange. Page keys turn
-    /// the page. The input on program, the page key at the end, and keys of other sections change nothing.
-    void press(quint32 key);
+    InputModel();
 
-    /// The colour of every key of the section, by key id.
-    QMap<quint32, QRgb> keyColors() const;
-    /// The text of every label of the section, by label id; at most 31 bytes of UTF-8 each.
-    QMap<quint32, QString> labelTexts() const;
+    /// Gives the source that was chosen, if any; page keys turn the page.
+    std::optional<int> press(quint32 key) { return m_keys.press(key); }
+
+    /// What \a program shows is red, what only \a preview shows green.
+    KeyColors keyColors(const Composition &program, const Composition &preview) const;
+    LabelTexts labelTexts() const;
 
 private:
-    void select(int source);
-    void turnTo(int page);
-    QRgb sourceColor(int source) const;
-
-    int m_page = 0;
-    int m_program = 0; // sources count over all pages
-    int m_preview = 1;
+    PagedKeys m_keys;
 };
 
 } // namespace K7Host

@@ -3,13 +3,16 @@
 
 #pragma once
 
+#include "consolemodel.h"
 #include "devicelink.h"
-#include "inputmodel.h"
+
+class QTimer;
 
 namespace K7Host {
 
 /// A link to a small video processor that exists only in memory. It answers a key at once, with a record for
-/// each key and label that changed. GUI thread only.
+/// each key, label and lever that changed, and a transition with the lever's records at 25 frames a second.
+/// GUI thread only. A receiver of its records may press keys.
 class SimulatedProcessor : public DeviceLink
 {
     Q_OBJECT
@@ -22,11 +25,17 @@ public:
     void keyReleased(quint32 code) override;
     void refresh() override;
 
-private:
-    void sendColors(const QMap<quint32, QRgb> &known);
-    void sendTexts(const QMap<quint32, QString> &known);
+private Q_SLOTS:
+    void advanceFrame();
 
-    InputModel m_input;
+private:
+    void answer();
+    void sendChanges();
+
+    ConsoleModel m_model;
+    ConsoleState m_shown;       // what the console was told
+    quint32 m_answers = 0;      // counts calls of sendChanges()
+    QTimer *const m_frameTimer; // a child
 };
 
 } // namespace K7Host

@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The K7 keyboard authors
+// SPDX-License-Identifier: MIT
+
+#include "layermodel.h"
+
+#include "inputmodel.h"
+
+namespace K7Host {
+
+namespace {
+
+QString layerText(const Composition &preview, int layer)
+{
+    const QString text = QStringLiteral("L%1 z%2").arg(layer + 1).arg(preview.heightOf(layer));
+    const auto source = preview.sourceOn(layer);
+    return source ? text + QLatin1Char(' ') + InputModel::sourceName(*source) : text;
+}
+
+} // namespace
+
+LayerModel::LayerModel()
+    : m_keys({FirstKey,
+              PageUpKey,
+              PageDownKey,
+              {29, 28, 27, 26, 25, 24, 31, 30, 32, 35, 34, 33, 81, 83, 73, 72},
+              PageLabel},
+             Composition::LayerCount)
+    , m_selected(1)
+{
+}
+
+void LayerModel::press(quint32 key, Composition *preview)
+{
+    switch (key) {
+    case ClearKey:
+        return preview->clear(m_selected);
+    case ClearAllKey:
+        return preview->clear(Composition::LayerSet().set());
+    case TopKey:
+        return preview->moveToTop(m_selected);
+    case BottomKey:
+        return preview->moveToBottom(m_selected);
+    case SelectAllKey:
+        m_selected.set();
+        return;
+    case SelectNoneKey:
+        m_selected.reset();
+        return;
+    default:
+        if (const auto layer = m_keys.press(key))
+            m_selected.flip(static_cast<std::size_t>(*layer));
+    }
+}
+
+KeyColors LayerModel::keyColors() const
+{
+    KeyColors colors = m_keys.colors([this](int layer) {
+        return m_selected.test(static_cast<std::size_t>(layer)) ? KeyColor::Yellow : KeyColor::Idle;
+    });
+    for (const quint32 key : {ClearKey, ClearAllKey, TopKey, BottomKey, SelectAllKey, SelectNoneKey})
+        colors.insert(key, KeyColor::Idle);
+    return colors;
+}
+
+LabelTexts LayerModel::labelTexts(const Composition &preview) const
+{
+    LabelTexts texts = m_keys.texts([&preview](int layer) { return layerText(preview, layer); });
+    texts.insert(SelectAllLabel, QStringLiteral("ALL"));
+    texts.insert(SelectNoneLabel, QStringLiteral("NONE"));
+    return texts;
+}
+
+} // namespace K7Host
