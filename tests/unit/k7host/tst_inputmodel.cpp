@@ -1,26 +1,27 @@
 // SPDX-FileCopyrightText: 2026 The K7 keyboard authors
 // SPDX-License-Identifier: MIT
 
+#include "modelchecks.h"
+
 #include <inputmodel.h>
 
 #include <QSet>
 #include <QTest>
 
-using K7Host::InputModel;
+using namespace K7Host;
 
 class tst_InputModel : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void theFirstSourceStartsOnProgramAndTheSecondOnPreview();
-    void pressesMoveProgramAndPreview_data();
-    void pressesMoveProgramAndPreview();
+    void aKeyChoosesItsSource_data();
+    void aKeyChoosesItsSource();
+    void colorsTellWhatProgramAndPreviewShow_data();
+    void colorsTellWhatProgramAndPreviewShow();
+    void theColorsStayWithTheirSourcesWhenThePageTurns();
     void pageKeysTurnThePageWithoutWrappingAround_data();
     void pageKeysTurnThePageWithoutWrappingAround();
-    void theSelectionStaysWithItsSourceWhenThePageTurns();
-    void aSourceOfTheSecondPageCanGoOnProgram();
-    void keysOfOtherSectionsChangeNothing_data();
     void keysOfOtherSectionsChangeNothing();
     void labelsFollowTheColumnsOfTheConsole();
     void everyPageNamesItsSourcesDifferently();
@@ -29,139 +30,131 @@ private slots:
 
 namespace {
 
-/// The keys that have \a color, page keys left out.
-QList<quint32> inputsIn(const InputModel &model, QRgb color)
-{
-    auto colors = model.keyColors();
-    colors.remove(InputModel::PageUpKey);
-    colors.remove(InputModel::PageDownKey);
-    return colors.keys(color);
-}
+using Ids = QList<quint32>;
+using Keys = QVector<quint32>;
+using Sources = QVector<int>;
 
-InputModel modelAfter(const QVector<int> &keys)
+InputModel modelAfter(const Keys &keys)
 {
     InputModel model;
-    for (const int key : keys)
-        model.press(static_cast<quint32>(key));
+    for (const quint32 key : keys)
+        model.press(key);
     return model;
+}
+
+/// \a sources on the first layers.
+Composition layersOf(const Sources &sources)
+{
+    Composition composition;
+    for (int layer = 0; layer < sources.size(); ++layer)
+        composition.put(sources.at(layer), Composition::LayerSet(1U << layer));
+    return composition;
 }
 
 } // namespace
 
-void tst_InputModel::theFirstSourceStartsOnProgramAndTheSecondOnPreview()
+void tst_InputModel::aKeyChoosesItsSource_data()
 {
-    const auto colors = InputModel().keyColors();
+    QTest::addColumn<Keys>("before");
+    QTest::addColumn<int>("firstSource");
+    QTest::newRow("first page") << Keys{} << 0;
+    QTest::newRow("second page") << Keys{53} << 16;
+}
+
+void tst_InputModel::aKeyChoosesItsSource()
+{
+    QFETCH(Keys, before);
+    QFETCH(int, firstSource);
+    InputModel model = modelAfter(before);
+    for (int i = 0; i < 16; ++i)
+        QCOMPARE(model.press(static_cast<quint32>(36 + i)), std::make_optional(firstSource + i));
+    QCOMPARE(model.labelTexts(), modelAfter(before).labelTexts());
+}
+
+void tst_InputModel::colorsTellWhatProgramAndPreviewShow_data()
+{
+    QTest::addColumn<Sources>("program");
+    QTest::addColumn<Sources>("preview");
+    QTest::addColumn<Ids>("expectedRed");
+    QTest::addColumn<Ids>("expectedGreen");
+    QTest::newRow("nothing") << Sources{} << Sources{} << Ids{} << Ids{};
+    QTest::newRow("one each") << Sources{0} << Sources{1} << Ids{36} << Ids{37};
+    QTest::newRow("program wins") << Sources{3} << Sources{3, 4} << Ids{39} << Ids{40};
+    QTest::newRow("several layers") << Sources{0, 15} << Sources{2, 2, 5} << Ids{36, 51} << Ids{38, 41};
+    QTest::newRow("of the other page") << Sources{16} << Sources{31} << Ids{} << Ids{};
+}
+
+void tst_InputModel::colorsTellWhatProgramAndPreviewShow()
+{
+    QFETCH(Sources, program);
+    QFETCH(Sources, preview);
+    const KeyColors colors = InputModel().keyColors(layersOf(program), layersOf(preview));
     QCOMPARE(colors.size(), 18);
-    QCOMPARE(colors.value(36), qRgb(255, 0, 0));
-    QCOMPARE(colors.value(37), qRgb(0, 255, 0));
-    for (quint32 key = 38; key <= 51; ++key)
-        QCOMPARE(colors.value(key), qRgb(0, 0, 0));
-    QCOMPARE(colors.value(52), qRgb(0, 0, 0));
-    QCOMPARE(colors.value(53), qRgb(0, 0, 255));
+    const Ids red = colors.keys(KeyColor::Red);
+    const Ids green = colors.keys(KeyColor::Green);
+    QTEST(red, "expectedRed");
+    QTEST(green, "expectedGreen");
+    QCOMPARE(colors.keys(KeyColor::Blue), Ids{53});
+    QCOMPARE(colors.keys(KeyColor::Idle).size(), 17 - red.size() - green.size());
 }
 
-void tst_InputModel::pressesMoveProgramAndPreview_data()
+void tst_InputModel::theColorsStayWithTheirSourcesWhenThePageTurns()
 {
-    QTest::addColumn<QVector<int>>("keys");
-    QTest::addColumn<int>("expectedProgram");
-    QTest::addColumn<int>("expectedPreview");
-    QTest::newRow("nothing pressed") << QVector<int>{} << 36 << 37;
-    QTest::newRow("an idle input") << QVector<int>{38} << 36 << 38;
-    QTest::newRow("the last input") << QVector<int>{51} << 36 << 51;
-    QTest::newRow("the input on preview") << QVector<int>{37} << 37 << 36;
-    QTest::newRow("the input on program") << QVector<int>{36} << 36 << 37;
-    QTest::newRow("an idle input twice") << QVector<int>{40, 40} << 40 << 36;
-    QTest::newRow("three times the same") << QVector<int>{40, 40, 40} << 40 << 36;
-    QTest::newRow("there and back") << QVector<int>{37, 36} << 36 << 37;
-}
-
-void tst_InputModel::pressesMoveProgramAndPreview()
-{
-    QFETCH(QVector<int>, keys);
-    QFETCH(int, expectedProgram);
-    QFETCH(int, expectedPreview);
-    const InputModel model = modelAfter(keys);
-    QCOMPARE(inputsIn(model, InputModel::Program), QList<quint32>{static_cast<quint32>(expectedProgram)});
-    QCOMPARE(inputsIn(model, InputModel::Preview), QList<quint32>{static_cast<quint32>(expectedPreview)});
-    QCOMPARE(inputsIn(model, InputModel::Idle).size(), 14);
+    const Composition program = layersOf({0});
+    const Composition preview = layersOf({17});
+    const KeyColors second = modelAfter({53}).keyColors(program, preview);
+    QCOMPARE(second.keys(KeyColor::Red), Ids());
+    QCOMPARE(second.keys(KeyColor::Green), Ids{37});
+    const KeyColors first = modelAfter({53, 52}).keyColors(program, preview);
+    QCOMPARE(first.keys(KeyColor::Red), Ids{36});
+    QCOMPARE(first.keys(KeyColor::Green), Ids());
 }
 
 void tst_InputModel::pageKeysTurnThePageWithoutWrappingAround_data()
 {
-    QTest::addColumn<QVector<int>>("keys");
+    QTest::addColumn<Keys>("keys");
     QTest::addColumn<QString>("expectedPage");
     QTest::addColumn<QRgb>("expectedUp");
     QTest::addColumn<QRgb>("expectedDown");
     const QString first = QStringLiteral("Page 1/2");
     const QString second = QStringLiteral("Page 2/2");
-    QTest::newRow("up at the start") << QVector<int>{52} << first << InputModel::Idle
-                                     << InputModel::Available;
-    QTest::newRow("down") << QVector<int>{53} << second << InputModel::Available << InputModel::Idle;
-    QTest::newRow("down at the end") << QVector<int>{53, 53} << second << InputModel::Available
-                                     << InputModel::Idle;
-    QTest::newRow("down and up") << QVector<int>{53, 52} << first << InputModel::Idle
-                                 << InputModel::Available;
-    QTest::newRow("down twice and up")
-        << QVector<int>{53, 53, 52} << first << InputModel::Idle << InputModel::Available;
+    QTest::newRow("up at the start") << Keys{52} << first << KeyColor::Idle << KeyColor::Blue;
+    QTest::newRow("down") << Keys{53} << second << KeyColor::Blue << KeyColor::Idle;
+    QTest::newRow("down at the end") << Keys{53, 53} << second << KeyColor::Blue << KeyColor::Idle;
+    QTest::newRow("down and up") << Keys{53, 52} << first << KeyColor::Idle << KeyColor::Blue;
+    QTest::newRow("down twice and up") << Keys{53, 53, 52} << first << KeyColor::Idle << KeyColor::Blue;
 }
 
 void tst_InputModel::pageKeysTurnThePageWithoutWrappingAround()
 {
-    QFETCH(QVector<int>, keys);
+    QFETCH(Keys, keys);
     const InputModel model = modelAfter(keys);
-    QTEST(model.labelTexts().value(InputModel::PageLabel), "expectedPage");
-    QTEST(model.keyColors().value(InputModel::PageUpKey), "expectedUp");
-    QTEST(model.keyColors().value(InputModel::PageDownKey), "expectedDown");
-}
-
-void tst_InputModel::theSelectionStaysWithItsSourceWhenThePageTurns()
-{
-    InputModel model = modelAfter({53});
-    QCOMPARE(inputsIn(model, InputModel::Idle).size(), 16);
-    model.press(52);
-    QCOMPARE(inputsIn(model, InputModel::Program), QList<quint32>{36});
-    QCOMPARE(inputsIn(model, InputModel::Preview), QList<quint32>{37});
-}
-
-void tst_InputModel::aSourceOfTheSecondPageCanGoOnProgram()
-{
-    InputModel model = modelAfter({53, 36, 36});
-    QCOMPARE(inputsIn(model, InputModel::Program), QList<quint32>{36});
-    QCOMPARE(inputsIn(model, InputModel::Preview), QList<quint32>{});
-    model.press(52);
-    QCOMPARE(inputsIn(model, InputModel::Program), QList<quint32>{});
-    QCOMPARE(inputsIn(model, InputModel::Preview), QList<quint32>{36});
-}
-
-void tst_InputModel::keysOfOtherSectionsChangeNothing_data()
-{
-    QTest::addColumn<quint32>("key");
-    QTest::newRow("0") << 0U;
-    QTest::newRow("before the inputs") << 35U;
-    QTest::newRow("after the page keys") << 54U;
-    QTest::newRow("broadcast") << 255U;
-    QTest::newRow("a key code") << 0xff0026U;
-    QTest::newRow("largest") << 0xffffffffU;
+    const KeyColors colors = model.keyColors({}, {});
+    QTEST(model.labelTexts().value(51), "expectedPage");
+    QTEST(colors.value(52), "expectedUp");
+    QTEST(colors.value(53), "expectedDown");
 }
 
 void tst_InputModel::keysOfOtherSectionsChangeNothing()
 {
-    QFETCH(quint32, key);
     InputModel model;
-    model.press(key);
-    QCOMPARE(model.keyColors(), InputModel().keyColors());
+    const Keys keys = keysOutside(model.keyColors({}, {}));
+    QCOMPARE(keys.size(), 256 - 18 + 7);
+    for (const quint32 key : keys)
+        QVERIFY2(!model.press(key), qPrintable(QString::number(key)));
+    QCOMPARE(model.keyColors({}, {}), InputModel().keyColors({}, {}));
     QCOMPARE(model.labelTexts(), InputModel().labelTexts());
 }
 
 void tst_InputModel::labelsFollowTheColumnsOfTheConsole()
 {
-    const auto texts = InputModel().labelTexts();
+    const QVector<int> oledNumbers{13, 16, 15, 14, 18, 17, 24, 23, 22, 21, 20, 19, 80, 79, 83, 81};
+    const LabelTexts texts = InputModel().labelTexts();
     QCOMPARE(texts.size(), 17);
-    const QVector<quint32> camLabels{12, 15, 14, 13, 17, 16, 23, 22};
-    for (int i = 0; i < camLabels.size(); ++i)
-        QCOMPARE(texts.value(camLabels.at(i)), QStringLiteral("CAM %1").arg(i + 1));
-    for (const quint32 label : {21U, 20U, 19U, 18U, 79U, 78U, 82U, 80U})
-        QVERIFY2(!texts.value(label).isEmpty(), qPrintable(QString::number(label)));
+    for (int source = 0; source < 16; ++source)
+        QCOMPARE(texts.value(labelId(oledNumbers.at(source))), InputModel::sourceName(source));
+    for (int source = 0; source < 8; ++source)
+        QCOMPARE(InputModel::sourceName(source), QStringLiteral("CAM %1").arg(source + 1));
     QCOMPARE(texts.value(51), QStringLiteral("Page 1/2"));
 }
 
@@ -172,13 +165,13 @@ void tst_InputModel::everyPageNamesItsSourcesDifferently()
     const QStringList all = QStringList(first) + QStringList(second);
     QCOMPARE(all.size(), 34);
     QCOMPARE(all.toSet().size(), 34);
+    QVERIFY(!all.contains(QString()));
 }
 
 void tst_InputModel::namesFitIntoARecord()
 {
-    const auto texts = InputModel().labelTexts().values() + modelAfter({53}).labelTexts().values();
-    for (const QString &text : texts)
-        QVERIFY2(!text.isEmpty() && text.toUtf8().size() <= 31, qPrintable(text));
+    QCOMPARE(tooLong(InputModel().labelTexts()), QStringList());
+    QCOMPARE(tooLong(modelAfter({53}).labelTexts()), QStringList());
 }
 
 QTEST_APPLESS_MAIN(tst_InputModel)
