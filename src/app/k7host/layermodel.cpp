@@ -11,9 +11,9 @@ namespace {
 
 QString layerText(const Composition &preview, int layer)
 {
-    const QString text = QStringLiteral("L%1 z%2").arg(layer + 1).arg(preview.heightOf(layer));
     const auto source = preview.sourceOn(layer);
-    return source ? text + QLatin1Char(' ') + InputModel::sourceName(*source) : text;
+    const QString content = source ? InputModel::sourceName(*source) : QStringLiteral("L%1").arg(layer + 1);
+    return QStringLiteral("%1 z%2").arg(content).arg(preview.heightOf(layer));
 }
 
 } // namespace

@@ -34,7 +34,7 @@ public:
     const Composition::LayerSet &selected() const { return m_selected; }
 
     KeyColors keyColors() const;
-    /// A layer's label shows its number, its height in the stack, and its source.
+    /// A layer's label shows its source, or its number when it holds none, and its height in the stack.
     LabelTexts labelTexts(const Composition &preview) const;
 
 private:

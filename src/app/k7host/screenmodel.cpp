@@ -10,10 +10,10 @@ namespace K7Host {
 namespace {
 
 constexpr std::array<const char *, ScreenModel::ScreenCount> ScreenNames{
-    "Main LED",   "Left LED",    "Right LED",  "Floor LED",  "Stage wedge", "Prompter", "Foyer 1", "Foyer 2",
-    "Bar",        "Backstage",   "FOH",        "Overflow",   "Press room",  "VIP",      "Stream",  "Recorder",
+    "Main",       "Left",        "Right",      "Floor",      "Wedge",    "Prompter", "Foyer 1", "Foyer 2",
+    "Bar",        "Stage",       "FOH",        "Overflow",   "Press",    "VIP",      "Stream",  "Recorder",
 
-    "Delay left", "Delay right", "Gate north", "Gate south", "Car park",    "Canteen",  "Kiosk 1", "Kiosk 2",
+    "Delay left", "Delay right", "Gate north", "Gate south", "Car park", "Canteen",  "Kiosk 1", "Kiosk 2",
 };
 
 } // namespace

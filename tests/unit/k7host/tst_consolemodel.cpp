@@ -179,7 +179,7 @@ void tst_ConsoleModel::theConsoleLooksAliveAtTheStart()
 {
     QCOMPARE(inputs(KeyColor::Red), Ids{Input1});
     QCOMPARE(inputs(KeyColor::Green), Ids{Input2});
-    QCOMPARE(text(30), QStringLiteral("L1 z1 CAM 2"));
+    QCOMPARE(text(30), QStringLiteral("CAM 2 z1"));
     QCOMPARE(lit(KeyColor::Red, 54, 87), Ids{Preset1});
     QCOMPARE(m_model.keyColors().keys(KeyColor::Yellow), (Ids{0, 18, 132}));
     QCOMPARE(m_model.keyColors().keys(KeyColor::Blue), (Ids{17, 35, 53, 87}));
@@ -223,10 +223,10 @@ void tst_ConsoleModel::aSecondPressOfAnInputChangesNothing()
 void tst_ConsoleModel::layerKeysEditPreview()
 {
     press({Layer2, Input3}); // on two layers
-    QCOMPARE(text(30), QStringLiteral("L1 z1 CAM 3"));
-    QCOMPARE(text(29), QStringLiteral("L2 z2 CAM 3"));
+    QCOMPARE(text(30), QStringLiteral("CAM 3 z1"));
+    QCOMPARE(text(29), QStringLiteral("CAM 3 z2"));
     press({18, 94}); // the second one to the top
-    QCOMPARE(text(29), QStringLiteral("L2 z32 CAM 3"));
+    QCOMPARE(text(29), QStringLiteral("CAM 3 z32"));
     press({93});
     QCOMPARE(inputs(KeyColor::Green), Ids());
     QCOMPARE(inputs(KeyColor::Red), Ids{Input1});
@@ -238,7 +238,7 @@ void tst_ConsoleModel::aPresetGoesToPreview()
     QCOMPARE(inputs(KeyColor::Red), Ids{Input1});
     QCOMPARE(inputs(KeyColor::Green), (Ids{Input2, Input3}));
     QCOMPARE(lit(KeyColor::Green, 54, 85), Ids{Preset2});
-    QCOMPARE(text(29), QStringLiteral("L2 z2 CAM 3"));
+    QCOMPARE(text(29), QStringLiteral("CAM 3 z2"));
     press({Cut});
     QCOMPARE(inputs(KeyColor::Red), (Ids{Input2, Input3}));
     QCOMPARE(lit(KeyColor::Red, 54, 85), Ids{Preset2});
@@ -301,7 +301,7 @@ void tst_ConsoleModel::takeRunsTheTransitionAndExchangesAtItsEnd()
     QCOMPARE(m_model.keyColors().value(Take), KeyColor::Idle);
     QCOMPARE(inputs(KeyColor::Red), Ids{Input3});
     QCOMPARE(inputs(KeyColor::Green), Ids{Input1});
-    QCOMPARE(text(30), QStringLiteral("L1 z1 CAM 1"));
+    QCOMPARE(text(30), QStringLiteral("CAM 1 z1"));
 
     const ConsoleModel ended = m_model;
     run(1);
@@ -390,7 +390,7 @@ void tst_ConsoleModel::aMatchedPreviewFollowsProgram()
     run(25);
     QTEST(inputs(KeyColor::Red), "expectedRed");
     QCOMPARE(inputs(KeyColor::Green), Ids());
-    QCOMPARE(text(30), QStringLiteral("L1 z1 CAM 2"));
+    QCOMPARE(text(30), QStringLiteral("CAM 2 z1"));
 }
 
 void tst_ConsoleModel::matchingChangesNothingByItself()

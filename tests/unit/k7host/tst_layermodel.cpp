@@ -117,16 +117,16 @@ void tst_LayerModel::editKeysChangeTheSelectedLayers_data()
     const auto texts = [](const char *one, const char *two, const char *three) {
         return QStringList{QLatin1String(one), QLatin1String(two), QLatin1String(three)};
     };
-    QTest::newRow("at the start") << Keys{} << texts("L1 z1 CAM 1", "L2 z2 CAM 2", "L3 z3 CAM 3");
-    QTest::newRow("CLEAR") << Keys{92} << texts("L1 z1", "L2 z2 CAM 2", "L3 z3 CAM 3");
-    QTest::newRow("CLEAR two") << Keys{20, 92} << texts("L1 z1", "L2 z2 CAM 2", "L3 z3");
-    QTest::newRow("CLEAR none") << Keys{97, 92} << texts("L1 z1 CAM 1", "L2 z2 CAM 2", "L3 z3 CAM 3");
+    QTest::newRow("at the start") << Keys{} << texts("CAM 1 z1", "CAM 2 z2", "CAM 3 z3");
+    QTest::newRow("CLEAR") << Keys{92} << texts("L1 z1", "CAM 2 z2", "CAM 3 z3");
+    QTest::newRow("CLEAR two") << Keys{20, 92} << texts("L1 z1", "CAM 2 z2", "L3 z3");
+    QTest::newRow("CLEAR none") << Keys{97, 92} << texts("CAM 1 z1", "CAM 2 z2", "CAM 3 z3");
     QTest::newRow("CLEAR ALL") << Keys{93} << texts("L1 z1", "L2 z2", "L3 z3");
     QTest::newRow("CLEAR ALL, none selected") << Keys{97, 93} << texts("L1 z1", "L2 z2", "L3 z3");
-    QTest::newRow("TOP") << Keys{94} << texts("L1 z32 CAM 1", "L2 z1 CAM 2", "L3 z2 CAM 3");
-    QTest::newRow("TOP none") << Keys{97, 94} << texts("L1 z1 CAM 1", "L2 z2 CAM 2", "L3 z3 CAM 3");
-    QTest::newRow("BOTTOM") << Keys{18, 20, 95} << texts("L1 z2 CAM 1", "L2 z3 CAM 2", "L3 z1 CAM 3");
-    QTest::newRow("TOP, BOTTOM") << Keys{94, 95} << texts("L1 z1 CAM 1", "L2 z2 CAM 2", "L3 z3 CAM 3");
+    QTest::newRow("TOP") << Keys{94} << texts("CAM 1 z32", "CAM 2 z1", "CAM 3 z2");
+    QTest::newRow("TOP none") << Keys{97, 94} << texts("CAM 1 z1", "CAM 2 z2", "CAM 3 z3");
+    QTest::newRow("BOTTOM") << Keys{18, 20, 95} << texts("CAM 1 z2", "CAM 2 z3", "CAM 3 z1");
+    QTest::newRow("TOP, BOTTOM") << Keys{94, 95} << texts("CAM 1 z1", "CAM 2 z2", "CAM 3 z3");
 }
 
 void tst_LayerModel::editKeysChangeTheSelectedLayers()

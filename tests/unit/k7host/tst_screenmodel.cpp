@@ -134,7 +134,7 @@ void tst_ScreenModel::labelsFollowTheColumnsOfTheConsole()
     const QVector<int> oledNumbers{40, 39, 38, 37, 42, 41, 48, 47, 46, 45, 44, 43, 78, 77, 76, 75};
     const LabelTexts first = ScreenModel().labelTexts();
     const LabelTexts second = modelAfter({17}).labelTexts();
-    QCOMPARE(first.value(labelId(oledNumbers.first())), QStringLiteral("Main LED"));
+    QCOMPARE(first.value(labelId(oledNumbers.first())), QStringLiteral("Main"));
     QCOMPARE(first.value(labelId(oledNumbers.last())), QStringLiteral("Recorder"));
     QCOMPARE(first.value(49), QStringLiteral("Page 1/2"));
     for (int column = 0; column < 16; ++column) {

@@ -187,14 +187,14 @@ void tst_SimulatedProcessor::aPressIsAnsweredWithWhatChanged_data()
     QTest::addColumn<LabelTexts>("expectedTexts");
     QTest::newRow("an idle input goes on preview")
         << 0xff0026U << KeyColors{{37, qRgb(0, 0, 0)}, {38, qRgb(0, 255, 0)}}
-        << LabelTexts{{29, QStringLiteral("L1 z1 CAM 3")}};
+        << LabelTexts{{29, QStringLiteral("CAM 3 z1")}};
     QTest::newRow("the input on preview stays") << 0xff0025U << KeyColors{} << LabelTexts{};
     QTest::newRow("no page to turn up to") << 0xff0034U << KeyColors{} << LabelTexts{};
     QTest::newRow("the first screen, of key id 0")
         << 0xff0000U << KeyColors{{0, qRgb(0, 0, 0)}} << LabelTexts{};
     QTest::newRow("CUT") << 0xff0068U
                          << KeyColors{{36, qRgb(0, 255, 0)}, {37, qRgb(255, 0, 0)}, {54, qRgb(0, 255, 0)}}
-                         << LabelTexts{{29, QStringLiteral("L1 z1 CAM 1")}};
+                         << LabelTexts{{29, QStringLiteral("CAM 1 z1")}};
 }
 
 void tst_SimulatedProcessor::aPressIsAnsweredWithWhatChanged()
