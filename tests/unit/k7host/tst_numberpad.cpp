@@ -90,6 +90,7 @@ void tst_NumberPad::keysMakeANumber_data()
     QTest::newRow("four digits") << Keys{Nine, Nine, Nine, Nine} << number(9999);
     QTest::newRow("a fifth digit") << Keys{One, Two, Three, Three, Nine} << number(1233);
     QTest::newRow("BACK") << Keys{One, Two, Back} << number(1);
+    QTest::newRow("BACK over a ten") << Keys{One, Zero, Back} << number(1);
     QTest::newRow("BACK and on") << Keys{One, Two, Back, Three} << number(13);
     QTest::newRow("BACK over all") << Keys{One, Back} << none;
     QTest::newRow("BACK over zero") << Keys{Zero, Back} << none;
