@@ -210,7 +210,8 @@ void tst_RoundTrip::theProcessorKnowsEveryKeyAndLabelOfTheConsole()
 
     const ConsoleModel model;
     const QSet<quint32> silentKeys{101, 102};
-    for (const quint32 key : keyIds - silentKeys)
+    const auto coloredKeys = keyIds - silentKeys;
+    for (const quint32 key : coloredKeys)
         QVERIFY2(model.keyColors().contains(key), qPrintable(QString::number(key)));
     for (const quint32 label : labelIds)
         QVERIFY2(model.labelTexts().contains(label), qPrintable(QString::number(label)));

@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <QVector>
 
+#include <algorithm>
+
 namespace K7Host {
 
 /// The id of the label that the console calls OLED_CS\a number.
@@ -36,6 +38,11 @@ inline QStringList tooLong(const LabelTexts &texts)
             found << text;
     }
     return found;
+}
+
+inline int emptyCount(const LabelTexts &texts)
+{
+    return static_cast<int>(std::count(texts.cbegin(), texts.cend(), QString()));
 }
 
 } // namespace K7Host

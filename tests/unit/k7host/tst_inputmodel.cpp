@@ -95,7 +95,8 @@ void tst_InputModel::colorsTellWhatProgramAndPreviewShow()
     QTEST(red, "expectedRed");
     QTEST(green, "expectedGreen");
     QCOMPARE(colors.keys(KeyColor::Blue), Ids{53});
-    QCOMPARE(colors.keys(KeyColor::Idle).size(), 17 - red.size() - green.size());
+    const Ids idle = colors.keys(KeyColor::Idle);
+    QCOMPARE(idle.size(), 17 - red.size() - green.size());
 }
 
 void tst_InputModel::theColorsStayWithTheirSourcesWhenThePageTurns()

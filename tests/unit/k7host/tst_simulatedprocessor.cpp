@@ -290,14 +290,14 @@ void tst_SimulatedProcessor::theNextTakeMovesTheLeverBack()
     press(Take);
     for (int frame = 0; frame < 25; ++frame)
         advanceFrame();
-    QCOMPARE(toList(m_levers).last(), qMakePair(1200, true));
+    QCOMPARE(toList(m_levers).constLast(), qMakePair(1200, true));
     forget();
     press(Take);
     QCOMPARE(toList(m_levers), (Levers{{0, false}}));
     for (int frame = 0; frame < 25; ++frame)
         advanceFrame();
     QCOMPARE(m_levers.size(), 26);
-    QCOMPARE(toList(m_levers).last(), qMakePair(1200, false));
+    QCOMPARE(toList(m_levers).constLast(), qMakePair(1200, false));
 }
 
 void tst_SimulatedProcessor::aFrameSendsOnlyWhatChanged()
@@ -351,7 +351,7 @@ void tst_SimulatedProcessor::theTimerMovesTheLever()
     press(Take);
     QTRY_VERIFY(!timer->isActive());
     QCOMPARE(m_levers.size(), 25);
-    QCOMPARE(toList(m_levers).last(), qMakePair(1200, true));
+    QCOMPARE(toList(m_levers).constLast(), qMakePair(1200, true));
 }
 
 void tst_SimulatedProcessor::aLockedTBarSendsNoMoreOfTheLever()
@@ -399,7 +399,7 @@ void tst_SimulatedProcessor::theConsoleKnowsTheFullStateAfterAnyKeys()
     }
     const KeyColors colors = toMap(m_colors);
     const LabelTexts texts = toMap(m_texts);
-    const auto lever = toList(m_levers).last();
+    const auto lever = toList(m_levers).constLast();
     QVERIFY(colors != ConsoleModel().keyColors());
 
     forget();
