@@ -70,13 +70,12 @@ bool TBarKeyboadFramePrivate::updateTBarValue(const std::shared_ptr<ECTBarValue>
 
     const auto direction = value->IsBottomToTop ? Widgets::tbar::BottomToTop : Widgets::tbar::TopToBottom;
     const double percent = value->Value / StepsPerPercent;
-    if (direction == m_pTBar->getTbarDirection() && percent == m_pTBar->curValue())
-        return true;
-
-    // Enabled for the write only: the lever mirrors the console and is not moved by hand.
-    m_pTBar->setEnabled(true);
-    m_pTBar->setTbarDirection(direction);
-    m_pTBar->setCurValue(percent);
+    if (direction != m_pTBar->getTbarDirection() || percent != m_pTBar->curValue()) {
+        // Enabled for the write only: the lever mirrors the console and is not moved by hand.
+        m_pTBar->setEnabled(true);
+        m_pTBar->setTbarDirection(direction);
+        m_pTBar->setCurValue(percent);
+    }
     m_pTBar->setEnabled(false);
     return true;
 }

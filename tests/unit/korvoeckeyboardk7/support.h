@@ -8,6 +8,7 @@
 #include <korvo/keyboard/records.h>
 #include <korvo/utils/icon.h>
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QFile>
 #include <QHash>
@@ -15,9 +16,11 @@
 #include <QStringList>
 #include <QThread>
 #include <QVector>
+#include <QWidget>
 
 #include <cstring>
 #include <memory>
+#include <vector>
 
 /// A plug-in whose key pictures are resolved, as sections find it in the console.
 struct LivePlugin
@@ -73,6 +76,40 @@ public:
     int count = 0;
 };
 
+/// Counts the work of a widget and of all below it.
+class WorkOfAll
+{
+public:
+    explicit WorkOfAll(QWidget *top)
+    {
+        m_counters.push_back(std::make_unique<WorkCounter>(top));
+        const QList<QWidget *> children = top->findChildren<QWidget *>();
+        for (QWidget *child : children)
+            m_counters.push_back(std::make_unique<WorkCounter>(child));
+    }
+    int count() const
+    {
+        int all = 0;
+        for (const auto &counter : m_counters)
+            all += counter->count;
+        return all;
+    }
+
+private:
+    std::vector<std::unique_ptr<WorkCounter>> m_counters;
+};
+
+/// Returns once all that was asked of \a top is laid out and painted: a round of events may bring the next.
+inline void settle(QWidget *top)
+{
+    const WorkOfAll work(top);
+    int before = 0;
+    do {
+        before = work.count();
+        QCoreApplication::processEvents();
+    } while (work.count() != before);
+}
+
 /// While it lives, takes all that is logged; what is not a debug line is kept.
 class LogKeeper
 {
@@ -119,7 +156,7 @@ void runElsewhere(Function function)
         qFatal("a thread did not end");
 }
 
-/// One row of a table of facts, by column name. An absent value is "-".
+/// One row of a table of facts, by column name. An absent value is "-", a line break is `\n`.
 using Fact = QHash<QString, QString>;
 
 inline QVector<Fact> readFacts(const QString &name)
@@ -135,7 +172,11 @@ inline QVector<Fact> readFacts(const QString &name)
         if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
             continue;
         QStringList cells = line.split(QLatin1Char('\t'));
-        cells.replaceInStrings(QStringLiteral("\"\""), QString());
+        for (QString &cell : cells) {
+            if (cell == QLatin1String("\"\""))
+                cell.clear();
+            cell.replace(QLatin1String("\\n"), QLatin1String("\n"));
+        }
         if (columns.isEmpty()) {
             columns = cells;
             continue;

@@ -3,77 +3,72 @@
 
 #include "leftkeyboardframe.h"
 
-#include "support.h"
+#include "halftests.h"
 
 #include <QAbstractButton>
 #include <QLabel>
 #include <QLayout>
+#include <QSet>
 #include <QSignalSpy>
 #include <QTest>
 
 using namespace Korvo;
 using Korvo::ECKeyboard::K7::LeftKeyboardFrame;
 
-class tst_LeftKeyboardFrame : public QObject
+class tst_LeftKeyboardFrame : public HalfTests
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+public:
+    tst_LeftKeyboardFrame()
+        : HalfTests(leftSections(), 106, 89)
+    {
+    }
 
+private slots:
     void identityIsTheLeftHalfs();
     void sizesAreTheConsoles();
     void sectionsStandInRows_data();
     void sectionsStandInRows();
-    void keysAreRelayed();
+    void columnsStandOneBelowTheOther();
     void aPressMayBeAnsweredAtOnce();
     void aHeldKeyIsReleasedWhileTheHalfIsStillOne();
-    void normalStyleReachesTheSections();
-    void recordsReachTheSectionThatKnowsThem();
     void resultsAreFixed();
     void recordsOfTheOtherHalfChangeNothing();
     void updateKeyboardAnnouncesTheModeChange();
     void recordsFromAnotherThreadArriveInOrderOnTheGuiThread();
     void recordsOnTheWayToADeletedHalfAreDropped();
 
+protected:
+    std::unique_ptr<IKorvoECKeyboard> create() override
+    {
+        return std::make_unique<LeftKeyboardFrame>(nullptr);
+    }
+
 private:
     QAbstractButton *key() const
     {
-        return m_half->findChild<QAbstractButton *>(QStringLiteral("toolButton_254"));
+        return m_keyboard->findChild<QAbstractButton *>(QStringLiteral("toolButton_254"));
     }
-    QLabel *label() const { return m_half->findChild<QLabel *>(QStringLiteral("label_200")); }
-
-    LivePlugin m_live;
-    std::unique_ptr<LeftKeyboardFrame> m_half;
+    QLabel *label() const { return m_keyboard->findChild<QLabel *>(QStringLiteral("label_200")); }
 };
-
-void tst_LeftKeyboardFrame::init()
-{
-    m_half = std::make_unique<LeftKeyboardFrame>(nullptr);
-}
-
-void tst_LeftKeyboardFrame::cleanup()
-{
-    m_half.reset();
-}
 
 void tst_LeftKeyboardFrame::identityIsTheLeftHalfs()
 {
-    QCOMPARE(m_half->displayName(), QStringLiteral("Left keyboard"));
-    QCOMPARE(m_half->keyboardId(), Ovo::Utils::Id::fromString(QStringLiteral("K7_Left_Keyboard")));
-    QCOMPARE(m_half->property("contentFrame"), QVariant(true));
+    QCOMPARE(m_keyboard->displayName(), QStringLiteral("Left keyboard"));
+    QCOMPARE(m_keyboard->keyboardId(), Ovo::Utils::Id::fromString(QStringLiteral("K7_Left_Keyboard")));
+    QCOMPARE(m_keyboard->property("contentFrame"), QVariant(true));
 }
 
 void tst_LeftKeyboardFrame::sizesAreTheConsoles()
 {
-    QCOMPARE(m_half->size(), QSize(949, 826));
-    QCOMPARE(m_half->minimumHeight(), 826);
-    QCOMPARE(m_half->maximumHeight(), 848);
-    QCOMPARE(m_half->frameShape(), QFrame::StyledPanel);
-    QCOMPARE(m_half->frameShadow(), QFrame::Raised);
-    QCOMPARE(m_half->layout()->contentsMargins(), QMargins());
-    QCOMPARE(m_half->layout()->spacing(), 6);
+    QCOMPARE(m_keyboard->size(), QSize(949, 826));
+    QCOMPARE(m_keyboard->minimumHeight(), 826);
+    QCOMPARE(m_keyboard->maximumHeight(), 848);
+    QCOMPARE(m_keyboard->frameShape(), QFrame::StyledPanel);
+    QCOMPARE(m_keyboard->frameShadow(), QFrame::Raised);
+    QCOMPARE(m_keyboard->layout()->contentsMargins(), QMargins());
+    QCOMPARE(m_keyboard->layout()->spacing(), 6);
 }
 
 void tst_LeftKeyboardFrame::sectionsStandInRows_data()
@@ -99,8 +94,8 @@ void tst_LeftKeyboardFrame::sectionsStandInRows()
     QFETCH(QString, section);
     QFETCH(int, expectedHeight);
 
-    QCOMPARE(m_half->layout()->count(), 4);
-    QLayout *line = m_half->layout()->itemAt(row)->layout();
+    QCOMPARE(m_keyboard->layout()->count(), 4);
+    QLayout *line = m_keyboard->layout()->itemAt(row)->layout();
     QVERIFY(line);
     QCOMPARE(line->objectName(), layout);
     QCOMPARE(line->spacing(), 0);
@@ -115,33 +110,40 @@ void tst_LeftKeyboardFrame::sectionsStandInRows()
     QCOMPARE(frame->frameShape(), QFrame::StyledPanel);
     QCOMPARE(frame->frameShadow(), QFrame::Raised);
 
-    m_half->resize(m_half->sizeHint());
-    m_half->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_half.get()));
+    m_keyboard->resize(m_keyboard->sizeHint());
+    m_keyboard->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_keyboard.get()));
     QCOMPARE(frame->height(), expectedHeight);
     QVERIFY(frame->width() >= 1754);
-    QVERIFY(m_half->rect().contains(frame->geometry()));
+    QVERIFY(m_keyboard->rect().contains(frame->geometry()));
 }
 
-void tst_LeftKeyboardFrame::keysAreRelayed()
+void tst_LeftKeyboardFrame::columnsStandOneBelowTheOther()
 {
-    QSignalSpy pressed(m_half.get(), &IKorvoECKeyboard::ecButtonPressed);
-    QSignalSpy released(m_half.get(), &IKorvoECKeyboard::ecButtonRelease);
-    QTest::mousePress(key(), Qt::LeftButton);
-    QCOMPARE(pressed.size(), 1);
-    QCOMPARE(pressed.first().first().toUInt(), 0xff0026u);
-    QCOMPARE(released.size(), 0);
-    QTest::mouseRelease(key(), Qt::LeftButton);
-    QCOMPARE(pressed.size(), 1);
-    QCOMPARE(released.size(), 1);
-    QCOMPARE(released.first().first().toUInt(), 0xff0026u);
+    m_keyboard->resize(m_keyboard->sizeHint());
+    QVERIFY(show());
+    // The sixteen ordinary keys of each row, and of both rows of presets.
+    QHash<int, QSet<int>> centers;
+    int ordinary = 0;
+    for (const ConsolePart &part : parts()) {
+        if (part.fact.value(QStringLiteral("entry")) == QLatin1String("-"))
+            continue;
+        ++ordinary;
+        centers[part.column()] << part.placeIn(m_keyboard.get()).center().x();
+    }
+    QCOMPARE(ordinary, 5 * 16);
+    QCOMPARE(centers.size(), 16);
+    for (const QSet<int> &column : qAsConst(centers)) {
+        const auto ends = std::minmax_element(column.cbegin(), column.cend());
+        QVERIFY2(*ends.second - *ends.first <= 2, qPrintable(QString::number(*ends.first)));
+    }
 }
 
 void tst_LeftKeyboardFrame::aPressMayBeAnsweredAtOnce()
 {
-    connect(m_half.get(), &IKorvoECKeyboard::ecButtonPressed, this, [this] {
-        m_half->updateECButtonColor(colorRecord(38, 255, 0, 0));
-        m_half->updateECOledText(textRecord(14, "CAM 3"));
+    connect(m_keyboard.get(), &IKorvoECKeyboard::ecButtonPressed, this, [this] {
+        m_keyboard->updateECButtonColor(colorRecord(38, 255, 0, 0));
+        m_keyboard->updateECOledText(textRecord(14, "CAM 3"));
     });
     QTest::mousePress(key(), Qt::LeftButton);
     QVERIFY(key()->styleSheet().contains(QLatin1String("ecbutton_red")));
@@ -153,74 +155,60 @@ void tst_LeftKeyboardFrame::aPressMayBeAnsweredAtOnce()
 
 void tst_LeftKeyboardFrame::aHeldKeyIsReleasedWhileTheHalfIsStillOne()
 {
-    m_half->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_half.get()));
-    IKorvoECKeyboard *half = m_half.get();
+    m_keyboard->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_keyboard.get()));
+    IKorvoECKeyboard *half = m_keyboard.get();
     QStringList names;
     connect(half, &IKorvoECKeyboard::ecButtonRelease, this, [half, told = &names] {
         *told << half->displayName();
         half->updateECButtonColor(colorRecord(38, 255, 0, 0));
     });
     QTest::mousePress(key(), Qt::LeftButton);
-    m_half.reset();
+    m_keyboard.reset();
     QCOMPARE(names, QStringList{QStringLiteral("Left keyboard")});
-}
-
-void tst_LeftKeyboardFrame::normalStyleReachesTheSections()
-{
-    m_half->applyNoramlStyleSheet();
-    QVERIFY(key()->styleSheet().contains(QLatin1String("ecbutton_white")));
-}
-
-void tst_LeftKeyboardFrame::recordsReachTheSectionThatKnowsThem()
-{
-    m_half->updateECButtonColor(colorRecord(38, 255, 0, 0));
-    QVERIFY(key()->styleSheet().contains(QLatin1String("ecbutton_red")));
-    m_half->updateECOledText(textRecord(14, "CAM 3"));
-    QCOMPARE(label()->text(), QStringLiteral("CAM 3"));
 }
 
 void tst_LeftKeyboardFrame::resultsAreFixed()
 {
-    QVERIFY(m_half->updateECButtonColor(colorRecord(38, 255, 0, 0)));
-    QVERIFY(m_half->updateECButtonColor(colorRecord(9999, 255, 0, 0)));
-    QVERIFY(m_half->updateECButtonColor(nullptr));
-    QVERIFY(m_half->updateECOledText(textRecord(9999, "nowhere")));
-    QVERIFY(m_half->updateECOledText(nullptr));
-    QVERIFY(m_half->updateTBarValue(std::make_shared<ECTBarValue>()));
-    QVERIFY(m_half->updateTBarValue(nullptr));
-    m_half->updateECDeviceIP(nullptr);
-    m_half->updateDVISignalStatus(nullptr);
-    m_half->updatePeripheralVisibleState(nullptr);
+    QVERIFY(m_keyboard->updateECButtonColor(colorRecord(38, 255, 0, 0)));
+    QVERIFY(m_keyboard->updateECButtonColor(colorRecord(9999, 255, 0, 0)));
+    QVERIFY(m_keyboard->updateECButtonColor(nullptr));
+    QVERIFY(m_keyboard->updateECOledText(textRecord(9999, "nowhere")));
+    QVERIFY(m_keyboard->updateECOledText(nullptr));
+    QVERIFY(m_keyboard->updateTBarValue(std::make_shared<ECTBarValue>()));
+    QVERIFY(m_keyboard->updateTBarValue(nullptr));
+    m_keyboard->updateECDeviceIP(nullptr);
+    m_keyboard->updateDVISignalStatus(nullptr);
+    m_keyboard->updatePeripheralVisibleState(nullptr);
 }
 
 void tst_LeftKeyboardFrame::recordsOfTheOtherHalfChangeNothing()
 {
-    m_half->applyNoramlStyleSheet();
-    const QImage before = m_half->grab().toImage();
-    QVERIFY(m_half->updateECButtonColor(colorRecord(106, 255, 0, 0)));
-    QVERIFY(m_half->updateECOledText(textRecord(95, "TIME")));
-    QVERIFY(m_half->updateTBarValue(std::make_shared<ECTBarValue>()));
-    QCOMPARE(m_half->grab().toImage(), before);
+    m_keyboard->applyNoramlStyleSheet();
+    const QImage before = m_keyboard->grab().toImage();
+    QVERIFY(m_keyboard->updateECButtonColor(colorRecord(106, 255, 0, 0)));
+    QVERIFY(m_keyboard->updateECOledText(textRecord(95, "TIME")));
+    QVERIFY(m_keyboard->updateTBarValue(std::make_shared<ECTBarValue>()));
+    QCOMPARE(m_keyboard->grab().toImage(), before);
 }
 
 void tst_LeftKeyboardFrame::updateKeyboardAnnouncesTheModeChange()
 {
-    QSignalSpy changed(m_half.get(), &IKorvoECKeyboard::signalKorvoPluginModeChanged);
-    QVERIFY(m_half->updateKeyboard());
+    QSignalSpy changed(m_keyboard.get(), &IKorvoECKeyboard::signalKorvoPluginModeChanged);
+    QVERIFY(m_keyboard->updateKeyboard());
     QCOMPARE(changed.size(), 1);
 }
 
 void tst_LeftKeyboardFrame::recordsFromAnotherThreadArriveInOrderOnTheGuiThread()
 {
-    QSignalSpy changed(m_half.get(), &IKorvoECKeyboard::signalKorvoPluginModeChanged);
+    QSignalSpy changed(m_keyboard.get(), &IKorvoECKeyboard::signalKorvoPluginModeChanged);
     runElsewhere([this] {
         for (int i = 0; i < 50; ++i) {
-            m_half->updateECButtonColor(colorRecord(38, 255, 0, 0));
-            m_half->updateECOledText(textRecord(14, QByteArray::number(i)));
+            m_keyboard->updateECButtonColor(colorRecord(38, 255, 0, 0));
+            m_keyboard->updateECOledText(textRecord(14, QByteArray::number(i)));
         }
-        m_half->updateECButtonColor(colorRecord(38, 0, 255, 0));
-        m_half->updateKeyboard();
+        m_keyboard->updateECButtonColor(colorRecord(38, 0, 255, 0));
+        m_keyboard->updateKeyboard();
     });
     QCOMPARE(label()->text(), QString());
     QCOMPARE(changed.size(), 0);
@@ -234,9 +222,9 @@ void tst_LeftKeyboardFrame::recordsFromAnotherThreadArriveInOrderOnTheGuiThread(
 void tst_LeftKeyboardFrame::recordsOnTheWayToADeletedHalfAreDropped()
 {
     const auto record = colorRecord(38, 255, 0, 0);
-    runElsewhere([this, record] { m_half->updateECButtonColor(record); });
+    runElsewhere([this, record] { m_keyboard->updateECButtonColor(record); });
     QVERIFY(record.use_count() > 1);
-    m_half.reset();
+    m_keyboard.reset();
     QCoreApplication::processEvents();
     QCOMPARE(record.use_count(), 1L);
 }

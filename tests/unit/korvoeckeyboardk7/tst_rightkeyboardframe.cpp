@@ -3,7 +3,9 @@
 
 #include "rightkeyboardframe.h"
 
-#include "support.h"
+#include "halftests.h"
+
+#include <korvo/widgets/tbar.h>
 
 #include <QBoxLayout>
 #include <QSignalSpy>
@@ -13,67 +15,70 @@
 using namespace Korvo;
 using Korvo::ECKeyboard::K7::RightKeyboardFrame;
 
-class tst_RightKeyboardFrame : public QObject
+class tst_RightKeyboardFrame : public HalfTests
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+public:
+    tst_RightKeyboardFrame()
+        : HalfTests(rightSections(), 32, 9)
+    {
+    }
 
+private slots:
     void identityIsTheRightHalfs();
     void innerFramesAreMarked();
     void sizesAreTheConsoles_data();
     void sizesAreTheConsoles();
     void sectionsStandWhereTheConsoleHasThem();
     void layoutsNestAsTheConsoleHasThem();
+    void aRecordMovesTheLever();
+    void aLeverThatMovesIsRelayedOnce();
     void resultsAreFixed();
     void updateKeyboardAnnouncesTheModeChangeAndSaysFalse();
     void aCallFromAnotherThreadAnnouncesOnTheGuiThread();
 
-private:
-    QFrame *frame(const char *name) const { return m_half->findChild<QFrame *>(QLatin1String(name)); }
-    QRect place(const char *name) const
+protected:
+    std::unique_ptr<IKorvoECKeyboard> create() override
     {
-        return QRect(frame(name)->mapTo(m_half.get(), QPoint()), frame(name)->size());
+        return std::make_unique<RightKeyboardFrame>(nullptr);
     }
 
-    LivePlugin m_live;
-    std::unique_ptr<RightKeyboardFrame> m_half;
+private:
+    QFrame *frame(const char *name) const { return m_keyboard->findChild<QFrame *>(QLatin1String(name)); }
+    Widgets::tbar *lever() const { return m_keyboard->findChild<Widgets::tbar *>(); }
+    QRect place(const char *name) const
+    {
+        return QRect(frame(name)->mapTo(m_keyboard.get(), QPoint()), frame(name)->size());
+    }
 };
-
-void tst_RightKeyboardFrame::init()
-{
-    m_half = std::make_unique<RightKeyboardFrame>(nullptr);
-}
-
-void tst_RightKeyboardFrame::cleanup()
-{
-    m_half.reset();
-}
 
 void tst_RightKeyboardFrame::identityIsTheRightHalfs()
 {
-    QCOMPARE(m_half->displayName(), QStringLiteral("Right keyboard"));
-    QCOMPARE(m_half->keyboardId(), Ovo::Utils::Id::fromString(QStringLiteral("K7_Right_Keyboard")));
-    QCOMPARE(m_half->size(), QSize(1719, 1050));
-    QCOMPARE(m_half->minimumHeight(), 1026);
-    QCOMPARE(m_half->frameShape(), QFrame::StyledPanel);
-    QCOMPARE(m_half->frameShadow(), QFrame::Raised);
+    QCOMPARE(m_keyboard->displayName(), QStringLiteral("Right keyboard"));
+    QCOMPARE(m_keyboard->keyboardId(), Ovo::Utils::Id::fromString(QStringLiteral("K7_Right_Keyboard")));
+    QCOMPARE(m_keyboard->size(), QSize(1719, 1050));
+    QCOMPARE(m_keyboard->minimumHeight(), 1026);
+    QCOMPARE(m_keyboard->frameShape(), QFrame::StyledPanel);
+    QCOMPARE(m_keyboard->frameShadow(), QFrame::Raised);
 }
 
 void tst_RightKeyboardFrame::innerFramesAreMarked()
 {
-    QCOMPARE(m_half->property("contentFrame"), QVariant(true));
+    QCOMPARE(m_keyboard->property("contentFrame"), QVariant(true));
+    const QFrame *strip = frame("logoFrame");
     QStringList marked;
-    const QList<QFrame *> frames = m_half->findChildren<QFrame *>();
+    const QList<QFrame *> frames = m_keyboard->findChildren<QFrame *>();
     for (const QFrame *child : frames) {
-        if (child->property("contentFrame") == QVariant(true))
+        const bool isOfStrip = child == strip || strip->isAncestorOf(child);
+        if (!isOfStrip && child->property("contentFrame") == QVariant(true))
             marked << child->objectName();
     }
     marked.sort();
-    for (const char *name : {"frame_6", "tBarFrame", "transitionFrame"})
-        QVERIFY2(marked.contains(QLatin1String(name)), name);
+    // The sections mark themselves.
+    QCOMPARE(marked, (QStringList{QStringLiteral("frame_6"), QStringLiteral("frametrans"),
+                                  QStringLiteral("functionFrame"), QStringLiteral("numberFrame"),
+                                  QStringLiteral("tBarFrame"), QStringLiteral("transitionFrame")}));
 }
 
 void tst_RightKeyboardFrame::sizesAreTheConsoles_data()
@@ -99,9 +104,9 @@ void tst_RightKeyboardFrame::sizesAreTheConsoles()
 
 void tst_RightKeyboardFrame::sectionsStandWhereTheConsoleHasThem()
 {
-    m_half->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_half.get()));
-    QCOMPARE(m_half->size(), QSize(1719, 1050));
+    m_keyboard->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_keyboard.get()));
+    QCOMPARE(m_keyboard->size(), QSize(1719, 1050));
 
     const QRect number = place("numberFrame");
     const QRect function = place("functionFrame");
@@ -120,16 +125,16 @@ void tst_RightKeyboardFrame::sectionsStandWhereTheConsoleHasThem()
     const QRect strip = place("logoFrame");
     QVERIFY(strip.x() > function.right());
     QVERIFY(strip.x() > transition.right());
-    QVERIFY(m_half->rect().contains(strip));
+    QVERIFY(m_keyboard->rect().contains(strip));
 }
 
 void tst_RightKeyboardFrame::layoutsNestAsTheConsoleHasThem()
 {
     const auto parentOf = [this](const char *name) {
-        const auto *layout = m_half->findChild<QLayout *>(QLatin1String(name));
+        const auto *layout = m_keyboard->findChild<QLayout *>(QLatin1String(name));
         return layout && layout->parent() ? layout->parent()->objectName() : QString();
     };
-    QCOMPARE(m_half->layout()->objectName(), QStringLiteral("verticalLayout_2"));
+    QCOMPARE(m_keyboard->layout()->objectName(), QStringLiteral("verticalLayout_2"));
     QCOMPARE(parentOf("horizontalLayout_13"), QStringLiteral("verticalLayout_2"));
     QCOMPARE(parentOf("verticalLayout_12"), QStringLiteral("horizontalLayout_13"));
     QCOMPARE(parentOf("verticalLayout_13"), QStringLiteral("horizontalLayout_13"));
@@ -140,36 +145,64 @@ void tst_RightKeyboardFrame::layoutsNestAsTheConsoleHasThem()
     QCOMPARE(parentOf("horizontalLayout_2"), QStringLiteral("horizontalLayout_4"));
     QCOMPARE(parentOf("verticalLayout"), QStringLiteral("horizontalLayout_2"));
 
-    const auto *numbers = m_half->findChild<QBoxLayout *>(QStringLiteral("horizontalLayout"));
+    const auto *numbers = m_keyboard->findChild<QBoxLayout *>(QStringLiteral("horizontalLayout"));
     QCOMPARE(numbers->spacing(), 80);
     QCOMPARE(numbers->contentsMargins().left(), 162);
-    QCOMPARE(m_half->findChild<QBoxLayout *>(QStringLiteral("horizontalLayout_4"))->spacing(), 50);
+    QCOMPARE(m_keyboard->findChild<QBoxLayout *>(QStringLiteral("horizontalLayout_4"))->spacing(), 50);
 
-    const auto *halves = m_half->findChild<QBoxLayout *>(QStringLiteral("horizontalLayout_13"));
+    const auto *halves = m_keyboard->findChild<QBoxLayout *>(QStringLiteral("horizontalLayout_13"));
     QCOMPARE(halves->count(), 3);
     QVERIFY(halves->itemAt(1)->spacerItem());
     QCOMPARE(halves->itemAt(1)->sizeHint(), QSize(40, 20));
     QVERIFY(halves->itemAt(1)->expandingDirections() & Qt::Horizontal);
 }
 
+void tst_RightKeyboardFrame::aRecordMovesTheLever()
+{
+    const QStringList looks = looksOf(parts());
+    const QSignalSpy moved(m_keyboard.get(), &IKorvoECKeyboard::ecTBarValueChanged);
+    auto record = std::make_shared<ECTBarValue>();
+    record->Value = 900;
+    record->IsBottomToTop = 1;
+    QVERIFY(m_keyboard->updateTBarValue(record));
+    QCOMPARE(lever()->curValue(), 75.0);
+    QCOMPARE(lever()->getTbarDirection(), Widgets::tbar::BottomToTop);
+    QVERIFY(!lever()->isEnabled());
+    QVERIFY(m_keyboard->updateTBarValue(nullptr));
+    QCOMPARE(lever()->curValue(), 75.0);
+    QCOMPARE(moved.count(), 0);
+    QCOMPARE(changes(looks, looksOf(parts())), QStringList());
+}
+
+void tst_RightKeyboardFrame::aLeverThatMovesIsRelayedOnce()
+{
+    QSignalSpy moved(m_keyboard.get(), &IKorvoECKeyboard::ecTBarValueChanged);
+    lever()->setTbarDirection(Widgets::tbar::TopToBottom);
+    Q_EMIT lever()->percentChanged(33.0, 0.0);
+    QCOMPARE(moved.size(), 1);
+    QCOMPARE(moved.constFirst().at(0).value<quint16>(), quint16(396));
+    QCOMPARE(moved.constFirst().at(1).toBool(), false);
+    QCOMPARE(m_sent, QStringList());
+}
+
 void tst_RightKeyboardFrame::resultsAreFixed()
 {
-    QVERIFY(m_half->updateECButtonColor(colorRecord(106, 255, 0, 0)));
-    QVERIFY(m_half->updateECButtonColor(nullptr));
-    QVERIFY(m_half->updateECOledText(textRecord(95, "TIME")));
-    QVERIFY(m_half->updateECOledText(nullptr));
-    QVERIFY(m_half->updateTBarValue(std::make_shared<ECTBarValue>()));
-    QVERIFY(m_half->updateTBarValue(nullptr));
-    m_half->applyNoramlStyleSheet();
-    m_half->updateECDeviceIP(nullptr);
-    m_half->updateDVISignalStatus(nullptr);
-    m_half->updatePeripheralVisibleState(nullptr);
+    QVERIFY(m_keyboard->updateECButtonColor(colorRecord(106, 255, 0, 0)));
+    QVERIFY(m_keyboard->updateECButtonColor(nullptr));
+    QVERIFY(m_keyboard->updateECOledText(textRecord(95, "TIME")));
+    QVERIFY(m_keyboard->updateECOledText(nullptr));
+    QVERIFY(m_keyboard->updateTBarValue(std::make_shared<ECTBarValue>()));
+    QVERIFY(m_keyboard->updateTBarValue(nullptr));
+    m_keyboard->applyNoramlStyleSheet();
+    m_keyboard->updateECDeviceIP(nullptr);
+    m_keyboard->updateDVISignalStatus(nullptr);
+    m_keyboard->updatePeripheralVisibleState(nullptr);
 }
 
 void tst_RightKeyboardFrame::updateKeyboardAnnouncesTheModeChangeAndSaysFalse()
 {
-    QSignalSpy changed(m_half.get(), &IKorvoECKeyboard::signalKorvoPluginModeChanged);
-    QVERIFY(!m_half->updateKeyboard());
+    QSignalSpy changed(m_keyboard.get(), &IKorvoECKeyboard::signalKorvoPluginModeChanged);
+    QVERIFY(!m_keyboard->updateKeyboard());
     QCOMPARE(changed.size(), 1);
 }
 
@@ -177,9 +210,9 @@ void tst_RightKeyboardFrame::aCallFromAnotherThreadAnnouncesOnTheGuiThread()
 {
     QThread *announcedOn = nullptr;
     connect(
-        m_half.get(), &IKorvoECKeyboard::signalKorvoPluginModeChanged, this,
+        m_keyboard.get(), &IKorvoECKeyboard::signalKorvoPluginModeChanged, this,
         [told = &announcedOn] { *told = QThread::currentThread(); }, Qt::DirectConnection);
-    runElsewhere([this] { QVERIFY(!m_half->updateKeyboard()); });
+    runElsewhere([this] { QVERIFY(!m_keyboard->updateKeyboard()); });
     QVERIFY(!announcedOn);
     QTRY_COMPARE(announcedOn, QThread::currentThread());
 }
