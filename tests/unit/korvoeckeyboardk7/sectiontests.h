@@ -44,7 +44,6 @@ struct SectionRules
     QVector<Style> formStyles;     // that the form sets itself
     QVector<Marker> markers;       // once it is built
     QVector<Marker> normalMarkers; // that the normal style adds
-    QVector<Marker> openMarkers;   // that may be there or not
 };
 
 /// What holds for every key section, each by the table of its facts. All input is real input.
@@ -123,7 +122,6 @@ private:
     QString ordinaryLook(const Fact &fact, Korvo::ECKeyboard::eECButtonImage otherwise) const;
     QStringList markersFound() const;
     QStringList markersExpected(const QVector<SectionRules::Marker> &markers) const;
-    QStringList withoutOpen(QStringList found, const QStringList &expected) const;
 
     LivePlugin m_live;
     const SectionRules m_rules;

@@ -22,11 +22,8 @@ static SectionRules rules()
     rules.markers = {
         {"contentFrame", {"FunctionKeyboardFrame"}},
         {"isNumberToolButton", {"group"}}, // as the number keys, on purpose
-    };
-    rules.openMarkers = {
         {"isECKeyboardTitle", {"\"FUNCTION\""}},
         {"isECKeyboardTitleSpacer", {"\"\""}},
-        {"isECButtonHolder", {"FunctionKeyboardFrame"}},
     };
     return rules;
 }

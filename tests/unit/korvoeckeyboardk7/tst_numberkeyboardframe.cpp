@@ -19,11 +19,8 @@ static SectionRules rules()
     rules.markers = {
         {"contentFrame", {"NumberKeyboardFrame"}},
         {"isNumberToolButton", {"group"}},
-    };
-    rules.openMarkers = {
         {"isECKeyboardTitle", {"\"NUMBER\""}},
         {"isECKeyboardTitleSpacer", {"\"\""}},
-        {"isECButtonHolder", {"NumberKeyboardFrame"}},
     };
     return rules;
 }

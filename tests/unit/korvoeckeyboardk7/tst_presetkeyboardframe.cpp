@@ -43,8 +43,8 @@ static SectionRules rules()
         {"isSavePresetToolButton", {"savePresetToolButton"}},
         {"TakeToolButton", {"savePresetToolButton"}},
         {"CutToolButton", {"savePresetToolButton"}},
-        {"isECKeyboardTitle", {"\"PRESET\""}},
-        {"isECKeyboardTitleSpacer", {"\"\""}},
+        {"isECKeyboardTitle", {"\"PRESET\"", "\"PRESET EDIT\""}},
+        {"isECKeyboardTitleSpacer", {"\"\"", "\"\""}},
         {"isECButtonHolder", {"frame_22", "frame_2", "frame"}},
     };
     rules.normalMarkers = {
@@ -53,10 +53,6 @@ static SectionRules rules()
          {"clearPresetToolButton", "clearAllPresetToolButton", "savePresetToolButton",
           "reserved_1_ToolButton", "reserved_2_ToolButton", "load_To_PGM", "cutToolButton", "takeToolButton",
           "pageUpToolButton", "pageDownToolButton"}},
-    };
-    rules.openMarkers = {
-        {"isECKeyboardTitle", {"\"PRESET EDIT\""}},
-        {"isECKeyboardTitleSpacer", {"\"\""}},
     };
     return rules;
 }

@@ -278,6 +278,7 @@ void tst_TBarKeyboadFrame::aMovedLeverTellsItsSteps_data()
     QTest::newRow("less than a step") << 0.08 << quint16(0);
     QTest::newRow("just over a step") << 0.084 << quint16(1);
     QTest::newRow("cut off, not rounded") << 12.33 << quint16(147);
+    QTest::newRow("cut off just below") << 33.33 << quint16(399);
     QTest::newRow("middle") << 50.0 << quint16(600);
     QTest::newRow("nearly the end") << 99.99 << quint16(1199);
     QTest::newRow("end") << 100.0 << quint16(1200);

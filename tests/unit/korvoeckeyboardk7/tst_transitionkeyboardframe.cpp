@@ -19,7 +19,6 @@ static SectionRules rules()
         {"contentFrame", {"TransitionKeyboardFrame", "frametrans"}},
         {"isNumberToolButton", {"group"}}, // as the number keys, on purpose
     };
-    rules.openMarkers = {{"isECButtonHolder", {"frametrans"}}};
     return rules;
 }
 
