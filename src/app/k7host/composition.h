@@ -9,7 +9,8 @@
 
 namespace K7Host {
 
-/// A picture: which source each layer holds, and how the layers are stacked. Layers and sources count from 0.
+/// A picture: which source each layer holds, and how the layers are stacked. Layers count from 0 to
+/// LayerCount - 1, sources from 0.
 class Composition
 {
 public:

@@ -18,14 +18,15 @@ void ConsoleModel::press(quint32 key)
     // No key is in two sections, so the order does not matter.
     m_functions.press(key);
     m_screens.press(key);
+    if (key == ScreenModel::MatchProgramKey)
+        match();
     m_transition.press(key);
     m_layers.press(key, &m_preview);
     if (const auto source = m_inputs.press(key))
         m_preview.put(*source, m_layers.selected());
-    if (const auto preset = m_presets.press(key, m_preview))
-        recall(*preset);
+    recall(m_presets.press(key, m_preview, isProgramOpen()));
     if (const auto number = m_numbers.press(key))
-        recallToPreview(*number);
+        recall(m_presets.enter(*number, m_preview, isProgramOpen()));
     if (key == TransitionModel::TakeKey)
         take();
     if (key == TransitionModel::CutKey)
@@ -34,7 +35,7 @@ void ConsoleModel::press(quint32 key)
 
 bool ConsoleModel::isMoving() const
 {
-    return m_transition.isRunning() && !m_functions.isTBarLocked() && !m_screens.isProgramFrozen();
+    return m_transition.isRunning() && isLeverFree();
 }
 
 void ConsoleModel::advanceFrame()
@@ -66,9 +67,19 @@ LabelTexts ConsoleModel::labelTexts() const
     return texts;
 }
 
+bool ConsoleModel::isLeverFree() const
+{
+    return !m_functions.isTBarLocked() && !m_screens.isProgramFrozen();
+}
+
+bool ConsoleModel::isProgramOpen() const
+{
+    return !m_transition.isRunning() && !m_screens.isProgramFrozen();
+}
+
 void ConsoleModel::take()
 {
-    if (m_transition.isRunning() || m_functions.isTBarLocked() || m_screens.isProgramFrozen())
+    if (m_transition.isRunning() || !isLeverFree())
         return;
     if (m_transition.length() > 0)
         m_transition.start();
@@ -95,22 +106,23 @@ void ConsoleModel::exchange()
 void ConsoleModel::setProgram(const Composition &composition)
 {
     m_program = composition;
+    match();
+}
+
+void ConsoleModel::match()
+{
     if (m_screens.isProgramMatched())
         m_preview = m_program;
 }
 
-void ConsoleModel::recall(const PresetModel::Recall &recall)
+void ConsoleModel::recall(const std::optional<PresetModel::Recall> &recall)
 {
-    if (!recall.toProgram)
-        m_preview = recall.composition;
-    else if (!m_transition.isRunning() && !m_screens.isProgramFrozen())
-        setProgram(recall.composition);
-}
-
-void ConsoleModel::recallToPreview(int number)
-{
-    if (const auto composition = m_presets.composition(number))
-        m_preview = *composition;
+    if (!recall)
+        return;
+    if (recall->toProgram)
+        setProgram(recall->composition);
+    else
+        m_preview = recall->composition;
 }
 
 } // namespace K7Host

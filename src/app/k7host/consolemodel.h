@@ -35,12 +35,14 @@ public:
     ConsoleState state() const { return {keyColors(), labelTexts(), m_transition.lever()}; }
 
 private:
+    bool isLeverFree() const;
+    bool isProgramOpen() const; // to a preset
     void take();
     void cut();
     void exchange();
     void setProgram(const Composition &composition);
-    void recall(const PresetModel::Recall &recall);
-    void recallToPreview(int number);
+    void match();
+    void recall(const std::optional<PresetModel::Recall> &recall);
 
     ScreenModel m_screens;
     LayerModel m_layers;

@@ -33,19 +33,23 @@ void LayerModel::press(quint32 key, Composition *preview)
 {
     switch (key) {
     case ClearKey:
-        return preview->clear(m_selected);
+        preview->clear(m_selected);
+        break;
     case ClearAllKey:
-        return preview->clear(Composition::LayerSet().set());
+        preview->clear(Composition::LayerSet().set());
+        break;
     case TopKey:
-        return preview->moveToTop(m_selected);
+        preview->moveToTop(m_selected);
+        break;
     case BottomKey:
-        return preview->moveToBottom(m_selected);
+        preview->moveToBottom(m_selected);
+        break;
     case SelectAllKey:
         m_selected.set();
-        return;
+        break;
     case SelectNoneKey:
         m_selected.reset();
-        return;
+        break;
     default:
         if (const auto layer = m_keys.press(key))
             m_selected.flip(static_cast<std::size_t>(*layer));

@@ -30,7 +30,8 @@ public:
     /// \a itemCount is at least 1.
     PagedKeys(const KeyRow &row, int itemCount);
 
-    /// Turns the page if \a key is a page key. Gives the item that the key stands for: 0 to itemCount - 1.
+    /// Turns the page if \a key is a page key. Gives the item that the key stands for, 0 to itemCount - 1, or
+    /// nothing.
     std::optional<int> press(quint32 key);
 
     /// The page keys are blue where they lead somewhere.

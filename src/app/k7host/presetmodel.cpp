@@ -43,7 +43,8 @@ PresetModel::PresetModel()
     m_presets.resize(PresetCount);
 }
 
-std::optional<PresetModel::Recall> PresetModel::press(quint32 key, const Composition &preview)
+std::optional<PresetModel::Recall> PresetModel::press(quint32 key, const Composition &preview,
+                                                      bool isProgramOpen)
 {
     m_modes.press(key);
     if (key == ClearAllKey) {
@@ -51,7 +52,15 @@ std::optional<PresetModel::Recall> PresetModel::press(quint32 key, const Composi
         m_presets.fill(Preset());
     }
     const auto preset = m_keys.press(key);
-    return preset ? use(*preset, preview) : std::nullopt;
+    return preset ? use(*preset, preview, isProgramOpen) : std::nullopt;
+}
+
+std::optional<PresetModel::Recall> PresetModel::enter(int number, const Composition &preview,
+                                                      bool isProgramOpen)
+{
+    if (number < 1 || number > PresetCount)
+        return std::nullopt;
+    return use(number - 1, preview, isProgramOpen);
 }
 
 std::optional<Composition> PresetModel::composition(int number) const
@@ -81,8 +90,12 @@ LabelTexts PresetModel::labelTexts() const
     return texts;
 }
 
-std::optional<PresetModel::Recall> PresetModel::use(int preset, const Composition &preview)
+std::optional<PresetModel::Recall> PresetModel::use(int preset, const Composition &preview,
+                                                    bool isProgramOpen)
 {
+    if (m_modes.isOn(LoadToProgramKey) && !isProgramOpen)
+        return std::nullopt;
+
     const ToggleKeys modes = m_modes;
     m_modes.turnAllOff();
     if (modes.isOn(SaveKey))

@@ -29,15 +29,18 @@ public:
     struct Recall
     {
         Composition composition;
-        bool toProgram;
+        bool toProgram = false;
     };
 
     /// A handful of presets is in use.
     PresetModel();
 
     /// SAVE, CLEAR and LOAD arm for the next preset's key, one of them at a time: it then stores \a preview,
-    /// becomes empty, or goes to program. Without them a preset goes to preview. An empty one goes nowhere.
-    std::optional<Recall> press(quint32 key, const Composition &preview);
+    /// becomes empty, or goes to program; LOAD stays armed as long as program is not open to changes. Without
+    /// them a preset goes to preview. An empty one goes nowhere.
+    std::optional<Recall> press(quint32 key, const Composition &preview, bool isProgramOpen);
+    /// The same as a press of the key of the preset of that number, on whatever page it is.
+    std::optional<Recall> enter(int number, const Composition &preview, bool isProgramOpen);
 
     /// What the preset of that number holds, if it is in use; numbers count from 1 over all pages.
     std::optional<Composition> composition(int number) const;
@@ -53,7 +56,7 @@ private:
         Composition composition;
     };
 
-    std::optional<Recall> use(int preset, const Composition &preview);
+    std::optional<Recall> use(int preset, const Composition &preview, bool isProgramOpen);
     void save(int preset, const Composition &preview);
     void clear(int preset);
 

@@ -32,7 +32,7 @@ public:
 
     /// Program stays as it is.
     bool isProgramFrozen() const { return m_toggles.isOn(FreezeProgramKey); }
-    /// Preview becomes what program is, whenever program changes.
+    /// Preview becomes what program is: when this begins, and whenever program changes.
     bool isProgramMatched() const { return m_toggles.isOn(MatchProgramKey); }
 
     KeyColors keyColors() const;

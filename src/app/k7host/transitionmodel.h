@@ -40,7 +40,7 @@ public:
 
     /// Begins a transition, from the end where the lever stands. None runs, and the length is not 0.
     void start();
-    /// Moves the lever by a frame of the running transition. True when it has come to its end.
+    /// Moves the lever by a frame of the running transition; one runs. True when it has come to its end.
     bool advanceFrame();
     /// Takes the lever of a running transition to its end.
     void complete();

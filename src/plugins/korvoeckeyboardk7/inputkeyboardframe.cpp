@@ -75,9 +75,9 @@ InputKeyboardFrame::~InputKeyboardFrame()
 
 void InputKeyboardFrame::applyNoramlStyleSheet()
 {
+    Internal::markAll(d->ui->inputButtonGroup, "isInputToolButton");
     Internal::paintIdle(d->ui->inputButtonGroup);
     Internal::paintIdle(d->pageKeys());
-    Internal::markAll(d->ui->inputButtonGroup, "isInputToolButton");
     Internal::mark(d->ui->pageUpToolButton, "isInputPageUpToolButton");
     Internal::mark(d->ui->pageDownToolButton, "isInputPageDownToolButton");
 }

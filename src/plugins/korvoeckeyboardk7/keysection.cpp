@@ -31,6 +31,26 @@ auto findById(const Widgets &widgets, quint32 id) -> typename Widgets::value_typ
     return match != widgets.cend() ? *match : nullptr;
 }
 
+/// What \a builder makes of \a look; nothing once the plug-in is gone, though a host may still hold a half.
+template <typename Builder, typename Look>
+QString styleSheetFor(Builder builder, const Look &look)
+{
+    const K7Plugin *plugin = K7Plugin::instance();
+    return plugin ? (plugin->*builder)(look) : QString();
+}
+
+QString imageStyleSheet(eECButtonImage image)
+{
+    using Builder = QString (K7Plugin::*)(const eECButtonImage &) const;
+    return styleSheetFor<Builder>(&K7Plugin::ecButtonBorderImageCSS, image);
+}
+
+QString ordinaryStyleSheet(const std::shared_ptr<ECButtonColor> &color)
+{
+    using Builder = QString (K7Plugin::*)(std::shared_ptr<ECButtonColor>) const;
+    return styleSheetFor<Builder>(&K7Plugin::ecButtonBorderImageCSS, color);
+}
+
 } // namespace
 
 int keyId(const QObject *widget)
@@ -90,7 +110,7 @@ void paintKey(QWidget *key, const QString &styleSheet)
 
 void paintIdle(QAbstractButton *key)
 {
-    paintKey(key, K7Plugin::instance()->ecButtonBorderImageCSS(WhiteButton));
+    paintKey(key, imageStyleSheet(WhiteButton));
 }
 
 void paintIdle(const QButtonGroup *group)
@@ -103,9 +123,8 @@ void paintIdle(const QButtonGroup *group)
 void paintIdle(const PageKeys &pageKeys)
 {
     // Black up and white down, on purpose.
-    const K7Plugin *plugin = K7Plugin::instance();
-    paintKey(pageKeys.up, plugin->ecButtonBorderImageCSS(PageUpBlackButton));
-    paintKey(pageKeys.down, plugin->ecButtonBorderImageCSS(PageDownWhiteButton));
+    paintKey(pageKeys.up, imageStyleSheet(PageUpBlackButton));
+    paintKey(pageKeys.down, imageStyleSheet(PageDownWhiteButton));
 }
 
 bool paintAllKeys(const KeyList &keys, const std::shared_ptr<ECButtonColor> &color)
@@ -113,7 +132,7 @@ bool paintAllKeys(const KeyList &keys, const std::shared_ptr<ECButtonColor> &col
     if (!color || color->ButtonKey != BroadcastKey)
         return false;
 
-    const QString styleSheet = K7Plugin::instance()->ecButtonBorderImageCSS(color);
+    const QString styleSheet = ordinaryStyleSheet(color);
     for (EC::K7DropButton *key : keys) {
         if (key)
             paintKey(key, styleSheet);
@@ -128,13 +147,12 @@ bool paintMatchingKey(const KeyList &keys, const std::shared_ptr<ECButtonColor> 
     if (!key)
         return false;
 
-    const K7Plugin *plugin = K7Plugin::instance();
     if (key == pageKeys.up)
-        paintKey(key, plugin->ecPageUpButtonBorderImageCSS(color));
+        paintKey(key, styleSheetFor(&K7Plugin::ecPageUpButtonBorderImageCSS, color));
     else if (key == pageKeys.down)
-        paintKey(key, plugin->ecPageDownButtonBorderImageCSS(color));
+        paintKey(key, styleSheetFor(&K7Plugin::ecPageDownButtonBorderImageCSS, color));
     else
-        paintKey(key, plugin->ecButtonBorderImageCSS(color));
+        paintKey(key, ordinaryStyleSheet(color));
     return true;
 }
 

@@ -102,8 +102,8 @@ LayerKeyboardFrame::~LayerKeyboardFrame()
 
 void LayerKeyboardFrame::applyNoramlStyleSheet()
 {
-    Internal::paintIdle(d->ui->layerButtonGroup);
     Internal::markAll(d->ui->layerButtonGroup, "isLayerToolButton");
+    Internal::paintIdle(d->ui->layerButtonGroup);
     const struct
     {
         QAbstractButton *key;

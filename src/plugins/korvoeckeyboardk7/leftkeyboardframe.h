@@ -13,7 +13,7 @@ class LeftKeyboardFramePrivate;
 
 /// The left half of the console: screens, layers, inputs and presets.
 ///
-/// Records may be handed in from any thread; those that paint are then taken in order by the GUI thread.
+/// Records may be handed in from any thread; those of other threads than the GUI's wait for it, in order.
 /// The results do not tell whether a section took a record: they are fixed.
 class LeftKeyboardFrame : public IKorvoECKeyboard
 {

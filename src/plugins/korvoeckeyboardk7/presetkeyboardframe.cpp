@@ -109,9 +109,8 @@ PresetKeyboardFrame::~PresetKeyboardFrame()
 
 void PresetKeyboardFrame::applyNoramlStyleSheet()
 {
-    Internal::paintIdle(d->ui->presetButtonGroup);
     Internal::markAll(d->ui->presetButtonGroup, "isPresetToolButton");
-    Internal::paintIdle(d->pageKeys());
+    Internal::paintIdle(d->ui->presetButtonGroup);
     // One marker for all of them, and it is the page-up key's of the inputs.
     for (QAbstractButton *key :
          {d->ui->clearPresetToolButton, d->ui->clearAllPresetToolButton, d->ui->savePresetToolButton,
@@ -120,6 +119,7 @@ void PresetKeyboardFrame::applyNoramlStyleSheet()
         Internal::paintIdle(key);
         Internal::mark(key, "isInputPageUpToolButton");
     }
+    Internal::paintIdle(d->pageKeys());
     Internal::mark(d->ui->pageUpToolButton, "isInputPageUpToolButton");
     Internal::mark(d->ui->pageDownToolButton, "isInputPageUpToolButton");
 }

@@ -10,6 +10,7 @@
 #include <korvo/widgets/tbar.h>
 
 #include <QHBoxLayout>
+#include <QPointer>
 
 namespace Korvo::ECKeyboard::K7 {
 
@@ -34,7 +35,7 @@ public:
 
     TBarKeyboadFrame *m_pKeyboard; // owns this
     Ui::TBarKeyboadFrame *ui = nullptr;
-    Widgets::tbar *m_pTBar = nullptr;
+    QPointer<Widgets::tbar> m_pTBar;
 };
 
 void TBarKeyboadFramePrivate::createWidgets()
@@ -68,14 +69,10 @@ bool TBarKeyboadFramePrivate::updateTBarValue(const std::shared_ptr<ECTBarValue>
     if (!value)
         return true;
 
-    const auto direction = value->IsBottomToTop ? Widgets::tbar::BottomToTop : Widgets::tbar::TopToBottom;
-    const double percent = value->Value / StepsPerPercent;
-    if (direction != m_pTBar->getTbarDirection() || percent != m_pTBar->curValue()) {
-        // Enabled for the write only: the lever mirrors the console and is not moved by hand.
-        m_pTBar->setEnabled(true);
-        m_pTBar->setTbarDirection(direction);
-        m_pTBar->setCurValue(percent);
-    }
+    // Enabled for the write only: the lever mirrors the console and is not moved by hand.
+    m_pTBar->setEnabled(true);
+    m_pTBar->setTbarDirection(value->IsBottomToTop ? Widgets::tbar::BottomToTop : Widgets::tbar::TopToBottom);
+    m_pTBar->setCurValue(value->Value / StepsPerPercent);
     m_pTBar->setEnabled(false);
     return true;
 }
@@ -114,9 +111,11 @@ QSize TBarKeyboadFrame::sizeHint() const
 void TBarKeyboadFrame::slotTbarValueChanged(double percent, double previous)
 {
     Q_UNUSED(previous)
-    const auto steps = static_cast<quint32>(percent * Internal::StepsPerPercent); // cut off, not rounded
-    Q_EMIT ecTBarValueChanged(static_cast<quint16>(steps),
-                              d->m_pTBar->getTbarDirection() == Widgets::tbar::BottomToTop);
+    if (!d->m_pTBar)
+        return;
+    const double steps = percent * Internal::StepsPerPercent;
+    const auto value = static_cast<quint16>(qBound(0.0, steps, 65535.0)); // cut off, not rounded
+    Q_EMIT ecTBarValueChanged(value, d->m_pTBar->getTbarDirection() == Widgets::tbar::BottomToTop);
 }
 
 } // namespace Korvo::ECKeyboard::K7

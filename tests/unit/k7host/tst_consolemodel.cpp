@@ -37,6 +37,8 @@ private slots:
     void enterRecallsThePresetOfThatNumber_data();
     void enterRecallsThePresetOfThatNumber();
 
+    void enterIsThePressOfAPresetThatIsArmed();
+
     void takeRunsTheTransitionAndExchangesAtItsEnd();
     void takeIsIgnoredWhileOneRuns();
     void takeWithoutLengthIsACut();
@@ -47,7 +49,7 @@ private slots:
 
     void aMatchedPreviewFollowsProgram_data();
     void aMatchedPreviewFollowsProgram();
-    void matchingChangesNothingByItself();
+    void matchingTakesProgramToPreview();
     void nothingChangesAFrozenProgram_data();
     void nothingChangesAFrozenProgram();
     void freezingHoldsARunningTransition();
@@ -274,7 +276,6 @@ void tst_ConsoleModel::enterRecallsThePresetOfThatNumber_data()
     QTest::newRow("zero") << Keys{116, Enter} << Ids{37};
     QTest::newRow("stepped to") << Keys{106, 117, Enter} << Ids{37, 38};
     QTest::newRow("the next one") << Keys{106, Enter, 117, Enter} << Ids{37, 38};
-    QTest::newRow("to preview in any case") << Keys{LoadToProgram, 107, Enter} << Ids{37, 38};
 }
 
 void tst_ConsoleModel::enterRecallsThePresetOfThatNumber()
@@ -283,6 +284,18 @@ void tst_ConsoleModel::enterRecallsThePresetOfThatNumber()
     press(keys);
     QTEST(inputs(KeyColor::Green), "expectedGreen");
     QCOMPARE(inputs(KeyColor::Red), Ids{Input1});
+}
+
+void tst_ConsoleModel::enterIsThePressOfAPresetThatIsArmed()
+{
+    press({Input3, Save, 107, Enter});
+    QCOMPARE(inputs(KeyColor::Green), Ids{Input3});
+    QCOMPARE(m_model.keyColors().value(Save), KeyColor::Idle);
+    QCOMPARE(m_model.keyColors().value(Preset2), KeyColor::Green);
+
+    press({LoadToProgram, 107, Enter});
+    QCOMPARE(inputs(KeyColor::Red), Ids{Input3});
+    QCOMPARE(m_model.keyColors().value(LoadToProgram), KeyColor::Idle);
 }
 
 void tst_ConsoleModel::takeRunsTheTransitionAndExchangesAtItsEnd()
@@ -367,10 +380,13 @@ void tst_ConsoleModel::noPresetIsLoadedToProgramWhileATransitionRuns()
 {
     press({Take});
     run(10);
-    press({LoadToProgram, 57});
-    QCOMPARE(m_model.keyColors().value(LoadToProgram), KeyColor::Idle);
+    press({LoadToProgram, Preset2});
+    QCOMPARE(m_model.keyColors().value(LoadToProgram), KeyColor::Red);
     QCOMPARE(inputs(KeyColor::Red), Ids{Input1});
     QCOMPARE(inputs(KeyColor::Green), Ids{Input2});
+    run(15);
+    press({Preset2});
+    QCOMPARE(inputs(KeyColor::Red), (Ids{Input2, Input3}));
 }
 
 void tst_ConsoleModel::aMatchedPreviewFollowsProgram_data()
@@ -385,7 +401,7 @@ void tst_ConsoleModel::aMatchedPreviewFollowsProgram_data()
 void tst_ConsoleModel::aMatchedPreviewFollowsProgram()
 {
     QFETCH(Keys, keys);
-    press({Match});
+    press({Match, Input2});
     press(keys);
     run(25);
     QTEST(inputs(KeyColor::Red), "expectedRed");
@@ -393,11 +409,15 @@ void tst_ConsoleModel::aMatchedPreviewFollowsProgram()
     QCOMPARE(text(30), QStringLiteral("CAM 2 z1"));
 }
 
-void tst_ConsoleModel::matchingChangesNothingByItself()
+void tst_ConsoleModel::matchingTakesProgramToPreview()
 {
     press({Match});
+    QCOMPARE(inputs(KeyColor::Red), Ids{Input1});
+    QCOMPARE(inputs(KeyColor::Green), Ids());
+    QCOMPARE(text(30), QStringLiteral("CAM 1 z1"));
+    press({Input2, Match});
     QCOMPARE(inputs(KeyColor::Green), Ids{Input2});
-    press({Match, Cut});
+    press({Cut});
     QCOMPARE(inputs(KeyColor::Green), Ids{Input1});
 }
 

@@ -28,19 +28,20 @@ private slots:
     void clearingEmptiesOnePreset();
     void clearAllEmptiesEveryPresetAndDisarms();
     void loadingSendsThePresetToProgram();
+    void loadingStaysArmedAsLongAsProgramIsNotOpen();
     void anEmptyPresetDisarmsToo();
+    void aNumberIsThePressOfItsPreset();
     void pageKeysKeepTheMode();
     void presetsOfTheSecondPageAreTheirOwn();
     void colorsTellWhatProgramAndPreviewAre();
     void numbersCountFromOneOverAllPages_data();
     void numbersCountFromOneOverAllPages();
-    void pageKeysTurnThePageWithoutWrappingAround();
     void labelsFollowTheColumnsOfTheConsole();
     void silentKeysAndKeysOfOtherSectionsChangeNothing();
     void textsFitIntoARecord();
 
 private:
-    std::optional<PresetModel::Recall> press(quint32 key) { return m_model.press(key, m_preview); }
+    std::optional<PresetModel::Recall> press(quint32 key) { return m_model.press(key, m_preview, true); }
     KeyColors colors() const { return m_model.keyColors(m_program, m_preview); }
     QString label(int oledNumber) const { return m_model.labelTexts().value(labelId(oledNumber)); }
 
@@ -222,6 +223,46 @@ void tst_PresetModel::loadingSendsThePresetToProgram()
     QVERIFY(recall->composition == m_model.composition(2));
 }
 
+void tst_PresetModel::loadingStaysArmedAsLongAsProgramIsNotOpen()
+{
+    press(LoadToProgram);
+    QVERIFY(!m_model.press(FirstPreset, m_preview, false));
+    QCOMPARE(colors().value(LoadToProgram), KeyColor::Red);
+    const auto recall = press(FirstPreset);
+    QVERIFY(recall && recall->toProgram);
+
+    // Preview is always open.
+    const auto toPreview = m_model.press(FirstPreset, m_preview, false);
+    QVERIFY(toPreview && !toPreview->toProgram);
+    press(Save);
+    m_model.press(LastPreset, m_preview, false);
+    QVERIFY(m_model.composition(32) == m_preview);
+}
+
+void tst_PresetModel::aNumberIsThePressOfItsPreset()
+{
+    const auto recall = m_model.enter(2, m_preview, true);
+    QVERIFY(recall && !recall->toProgram);
+    QVERIFY(recall->composition == m_model.composition(2));
+
+    press(Save);
+    QVERIFY(!m_model.enter(64, m_preview, true));
+    QVERIFY(m_model.composition(64) == m_preview);
+    QCOMPARE(colors().value(Save), KeyColor::Idle);
+    press(Clear);
+    QVERIFY(!m_model.enter(1, m_preview, true));
+    QVERIFY(!m_model.composition(1));
+
+    press(LoadToProgram);
+    for (const int none : {-1, 0, 65, 9999}) {
+        QVERIFY(!m_model.enter(none, m_preview, true));
+        QCOMPARE(colors().value(LoadToProgram), KeyColor::Red);
+    }
+    QVERIFY(!m_model.enter(2, m_preview, false));
+    const auto load = m_model.enter(2, m_preview, true);
+    QVERIFY(load && load->toProgram);
+}
+
 void tst_PresetModel::anEmptyPresetDisarmsToo()
 {
     press(LoadToProgram);
@@ -283,18 +324,6 @@ void tst_PresetModel::numbersCountFromOneOverAllPages()
     press(Save);
     press(LastPreset);
     QTEST(m_model.composition(number).has_value(), "expectedUsed");
-}
-
-void tst_PresetModel::pageKeysTurnThePageWithoutWrappingAround()
-{
-    QCOMPARE(label(51), QStringLiteral("Page 1/2"));
-    press(86);
-    QCOMPARE(label(51), QStringLiteral("Page 1/2"));
-    press(87);
-    press(87);
-    QCOMPARE(label(51), QStringLiteral("Page 2/2"));
-    QCOMPARE(colors().value(86), KeyColor::Blue);
-    QCOMPARE(colors().value(87), KeyColor::Idle);
 }
 
 void tst_PresetModel::labelsFollowTheColumnsOfTheConsole()

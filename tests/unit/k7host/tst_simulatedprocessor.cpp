@@ -36,12 +36,15 @@ private slots:
     void theTimerRunsOnlyWhileTheLeverMoves_data();
     void theTimerRunsOnlyWhileTheLeverMoves();
     void theTimerMovesTheLever();
+    void theTimerKeepsItsBeatWhileKeysArePressed();
     void aLockedTBarSendsNoMoreOfTheLever();
     void aLockedPanelAnswersItsOwnKeyOnly();
 
     void theConsoleKnowsTheFullStateAfterAnyKeys();
     void aKeyPressedByAReceiverIsAnsweredWithNothingOutdated_data();
     void aKeyPressedByAReceiverIsAnsweredWithNothingOutdated();
+    void aLeverMovedByAReceiverIsFollowedByNothingOutdated_data();
+    void aLeverMovedByAReceiverIsFollowedByNothingOutdated();
     void aRefreshAskedForByAReceiverSendsEverything();
 
 private:
@@ -102,6 +105,7 @@ ConsoleModel modelAfter(const QVector<quint32> &keys)
 
 Q_DECLARE_METATYPE(KeyColors)
 Q_DECLARE_METATYPE(LabelTexts)
+Q_DECLARE_METATYPE(Levers)
 
 void tst_SimulatedProcessor::init()
 {
@@ -354,6 +358,17 @@ void tst_SimulatedProcessor::theTimerMovesTheLever()
     QCOMPARE(toList(m_levers).constLast(), qMakePair(1200, true));
 }
 
+void tst_SimulatedProcessor::theTimerKeepsItsBeatWhileKeysArePressed()
+{
+    const QTimer *timer = m_processor->findChild<QTimer *>();
+    QVERIFY(timer);
+    press(Take);
+    const int id = timer->timerId();
+    press(38);
+    m_processor->refresh();
+    QCOMPARE(timer->timerId(), id); // another one if it had been started again
+}
+
 void tst_SimulatedProcessor::aLockedTBarSendsNoMoreOfTheLever()
 {
     press(Take);
@@ -393,7 +408,10 @@ void tst_SimulatedProcessor::theConsoleKnowsTheFullStateAfterAnyKeys()
     quint32 number = 1;
     for (int i = 0; i < 2000; ++i) {
         number = number * 1103515245 + 12345; // any keys, but the same ones each time
-        press((number >> 16) % 140);
+        const quint32 key = (number >> 16) % 140;
+        press(key);
+        if (key == LockPanel)
+            press(key); // else half of the keys were ignored
         if (i % 3 == 0)
             advanceFrame();
     }
@@ -441,6 +459,32 @@ void tst_SimulatedProcessor::aKeyPressedByAReceiverIsAnsweredWithNothingOutdated
     QCOMPARE(texts, expected.labelTexts());
     for (const auto &record : qAsConst(m_colors))
         QVERIFY(!(expectedNever.contains(record->ButtonKey) && record->G == 255));
+}
+
+void tst_SimulatedProcessor::aLeverMovedByAReceiverIsFollowedByNothingOutdated_data()
+{
+    QTest::addColumn<int>("steps"); // that the transition is longer
+    QTest::addColumn<Levers>("expectedLevers");
+    QTest::newRow("told with a text of the frame") << 0 << Levers{{1200, true}};
+    QTest::newRow("told with the lever itself") << 45 << Levers{{9, true}, {1200, true}};
+}
+
+void tst_SimulatedProcessor::aLeverMovedByAReceiverIsFollowedByNothingOutdated()
+{
+    QFETCH(int, steps);
+    QFETCH(Levers, expectedLevers);
+    for (int i = 0; i < steps; ++i)
+        press(135);
+    press(Take);
+    if (steps > 0)
+        advanceFrame(); // to 0.4 percent, which the label does not show
+    forget();
+    m_receiver = [this] { press(Cut); };
+    advanceFrame();
+    QVERIFY(!m_receiver);
+    QCOMPARE(toList(m_levers), expectedLevers);
+    press(250);
+    QCOMPARE(m_levers.size(), expectedLevers.size());
 }
 
 void tst_SimulatedProcessor::aRefreshAskedForByAReceiverSendsEverything()

@@ -23,6 +23,30 @@ QString release(const ConsolePart &part)
     return QStringLiteral("release %1").arg(part.code(), 0, 16);
 }
 
+/// Notes which section's keys get a new look, each time that it is another section's turn.
+class TurnNotes : public QObject
+{
+public:
+    explicit TurnNotes(const ConsoleParts &parts)
+    {
+        for (const ConsolePart &part : parts) {
+            m_sections.insert(part.widget, part.section);
+            part.widget->installEventFilter(this);
+        }
+    }
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const QString section = m_sections.value(watched);
+        if (event->type() == QEvent::StyleChange && (turns.isEmpty() || turns.constLast() != section))
+            turns << section;
+        return false;
+    }
+    QStringList turns;
+
+private:
+    QHash<QObject *, QString> m_sections;
+};
+
 } // namespace
 
 HalfTests::HalfTests(const QVector<PlacedSection> &sections, int keys, int labels)
@@ -178,6 +202,35 @@ void HalfTests::aHandOnTheFrameTakesNoFinger()
     QCOMPARE(m_sent, QStringList{press(key)});
     fingers.liftAll();
     QCOMPARE(m_sent, (QStringList{press(key), release(key)}));
+}
+
+void HalfTests::sectionsAreServedInOrder_data()
+{
+    QTest::addColumn<bool>("isBroadcast");
+    QTest::newRow("normal style") << false;
+    QTest::newRow("broadcast") << true;
+}
+
+void HalfTests::sectionsAreServedInOrder()
+{
+    QFETCH(bool, isBroadcast);
+    const auto knows = [this, isBroadcast](const QString &section) {
+        return std::any_of(m_parts.cbegin(), m_parts.cend(), [&](const ConsolePart &part) {
+            return part.section == section && (isBroadcast ? part.takesBroadcast() : part.isKey());
+        });
+    };
+    QStringList expected;
+    for (const PlacedSection &section : m_sections) {
+        if (knows(QLatin1String(section.name)))
+            expected << QLatin1String(section.name);
+    }
+    QVERIFY(show());
+    const TurnNotes notes(m_parts);
+    if (isBroadcast)
+        m_keyboard->updateECButtonColor(colorRecord(255, 255, 0, 0));
+    else
+        m_keyboard->applyNoramlStyleSheet();
+    QCOMPARE(notes.turns, expected);
 }
 
 void HalfTests::theNormalStyleReachesEveryKey()

@@ -28,6 +28,8 @@ private slots:
     void silentKeysSendNothing();
     void fingersHoldKeysOfAllSectionsAtOnce();
     void aHandOnTheFrameTakesNoFinger();
+    void sectionsAreServedInOrder_data();
+    void sectionsAreServedInOrder();
     void theNormalStyleReachesEveryKey();
     void aColorPaintsOneKeyOfTheHalf();
     void aBroadcastPaintsAllKeysAsOrdinaryOnes();

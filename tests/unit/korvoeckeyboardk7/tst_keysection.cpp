@@ -31,9 +31,13 @@ private slots:
     void nullEntriesArePassedOver();
     void anIdChangedAtRunTimeCounts();
     void onlyRecord255IsABroadcast();
+    void keysLoseTheirLookOnceThePlugInIsGone();
+
+    void init() { m_live = std::make_unique<LivePlugin>(); }
+    void cleanup() { m_live.reset(); }
 
 private:
-    LivePlugin m_live;
+    std::unique_ptr<LivePlugin> m_live;
 };
 
 void tst_KeySection::idsAreReadFromNumbersAndTexts_data()
@@ -164,6 +168,29 @@ void tst_KeySection::onlyRecord255IsABroadcast()
     QVERIFY(!paintAllKeys({&key}, colorRecord(0xff00ff, 255, 0, 0)));
     QCOMPARE(key.styleSheet(), QString());
     QVERIFY(paintAllKeys({}, colorRecord(255, 255, 0, 0)));
+}
+
+void tst_KeySection::keysLoseTheirLookOnceThePlugInIsGone()
+{
+    EC::K7DropButton key;
+    EC::K7DropButton up;
+    EC::K7DropButton down;
+    const KeyList keys{&key, &up, &down};
+    const PageKeys pageKeys{&up, &down};
+    quint32 id = 1;
+    for (EC::K7DropButton *one : keys)
+        one->setProperty(Constants::PROPERTY_KORVOECKEY, id++);
+    paintIdle(&key);
+    QVERIFY(!key.styleSheet().isEmpty());
+
+    m_live.reset();
+    QVERIFY(paintAllKeys(keys, colorRecord(255, 255, 0, 0)));
+    for (id = 1; id <= 3; ++id)
+        QVERIFY(paintMatchingKey(keys, colorRecord(id, 255, 0, 0), pageKeys));
+    paintIdle(&key);
+    paintIdle(pageKeys);
+    for (const EC::K7DropButton *one : keys)
+        QCOMPARE(one->styleSheet(), QString());
 }
 
 QTEST_MAIN(tst_KeySection)

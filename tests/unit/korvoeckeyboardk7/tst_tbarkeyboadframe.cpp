@@ -73,6 +73,7 @@ private slots:
     void theLeverIsEnabledOnlyWhileItIsWritten();
     void aNullRecordMovesNothing();
     void aRecordThatChangesNothingCostsNothing();
+    void aMissingLeverIsReported();
     void theNormalStyleChangesNothing();
     void handsDoNotMoveTheLever();
     void aMovedLeverTellsItsSteps_data();
@@ -200,9 +201,11 @@ void tst_TBarKeyboadFrame::theLeverIsEnabledOnlyWhileItIsWritten()
     QVERIFY(m_frame->updateTBarValue(leverRecord(600, 0)));
     QVERIFY(m_frame->updateTBarValue(leverRecord(612, 0)));
     QVERIFY(m_frame->updateTBarValue(leverRecord(612, 1)));
+    QVERIFY(m_frame->updateTBarValue(leverRecord(612, 1))); // a record that changes nothing does so too
     QCOMPARE(notes.lines, (QStringList{QStringLiteral("on at 10, 0"), QStringLiteral("off at 50, 1"),
                                        QStringLiteral("on at 50, 1"), QStringLiteral("off at 51, 1"),
-                                       QStringLiteral("on at 51, 1"), QStringLiteral("off at 51, 0")}));
+                                       QStringLiteral("on at 51, 1"), QStringLiteral("off at 51, 0"),
+                                       QStringLiteral("on at 51, 0"), QStringLiteral("off at 51, 0")}));
 }
 
 void tst_TBarKeyboadFrame::aNullRecordMovesNothing()
@@ -233,6 +236,17 @@ void tst_TBarKeyboadFrame::aRecordThatChangesNothingCostsNothing()
 
     QVERIFY(m_frame->updateTBarValue(leverRecord(301, 1)));
     QTRY_VERIFY(onLever.count > 0);
+}
+
+void tst_TBarKeyboadFrame::aMissingLeverIsReported()
+{
+    delete lever();
+    const QSignalSpy moved(m_frame.get(), &TBarKeyboadFrame::ecTBarValueChanged);
+    const LogKeeper log;
+    QVERIFY(m_frame->updateTBarValue(leverRecord(300, 1)));
+    QCOMPARE(log.lines(), QStringList{QStringLiteral("TBar control do not exist.")});
+    m_frame->slotTbarValueChanged(50.0, 0.0);
+    QCOMPARE(moved.count(), 0);
 }
 
 void tst_TBarKeyboadFrame::theNormalStyleChangesNothing()
@@ -282,6 +296,9 @@ void tst_TBarKeyboadFrame::aMovedLeverTellsItsSteps_data()
     QTest::newRow("middle") << 50.0 << quint16(600);
     QTest::newRow("nearly the end") << 99.99 << quint16(1199);
     QTest::newRow("end") << 100.0 << quint16(1200);
+    QTest::newRow("before the start") << -1.0 << quint16(0);
+    QTest::newRow("far beyond the end") << 1e300 << quint16(65535);
+    QTest::newRow("no number") << qQNaN() << quint16(0);
 }
 
 void tst_TBarKeyboadFrame::aMovedLeverTellsItsSteps()
