@@ -210,7 +210,8 @@ void tst_RandomRecords::whateverComesKeysAndLabelsKeepTheirPromises()
     verifyHeldKeys();
     QVERIFY2(m_complaint.isEmpty(), qPrintable(m_complaint));
     QCOMPARE(m_held, QSet<quint32>());
-    for (const QString &line : log.lines()) {
+    const QStringList lines = log.lines();
+    for (const QString &line : lines) {
         const bool isOfLever = line.contains(QLatin1String("is not within 0 to 100"));
         const bool isOfPlatform =
             line.contains(QLatin1String("propagateSizeHints")); // offscreen has no sizes
