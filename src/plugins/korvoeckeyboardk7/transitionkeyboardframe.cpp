@@ -33,6 +33,8 @@ void TransitionKeyboardFramePrivate::createWidgets()
     mark(ui->frametrans, "contentFrame");
     markAll(ui->transitionButtonGroup, "isNumberToolButton"); // shared with the keypad
     appendKeys(&m_pECButtons, ui->transitionButtonGroup);
+    // The form numbers the labels of a row from right to left, and calls the second reserved key the third
+    // one: so does the console.
     appendLabels(&m_pECTexts, ui->frametrans);
 }
 
