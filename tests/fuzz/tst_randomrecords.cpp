@@ -215,7 +215,8 @@ void tst_RandomRecords::whateverComesKeysAndLabelsKeepTheirPromises()
         const bool isOfLever = line.contains(QLatin1String("is not within 0 to 100"));
         const bool isOfPlatform =
             line.contains(QLatin1String("propagateSizeHints")); // offscreen has no sizes
-        QVERIFY2(isOfLever || isOfPlatform, qPrintable(line));
+        const bool isOfAddress = line == QLatin1String(" ECDevice IP data error .");
+        QVERIFY2(isOfLever || isOfPlatform || isOfAddress, qPrintable(line));
     }
     QVERIFY2(m_presses > recordCount / 50, qPrintable(QString::number(m_presses))); // hands did hit keys
 }

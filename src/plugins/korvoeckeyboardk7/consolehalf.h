@@ -3,24 +3,12 @@
 
 #pragma once
 
+#include "onguithread.h"
+
 #include <QObject>
-#include <QThread>
 
 /// What both console halves do alike.
 namespace Korvo::ECKeyboard::K7::Internal {
-
-/// Runs \a call on the GUI thread that \a half lives in: at once when it is called there, else from the
-/// event loop, in the order of calls. A half that goes first takes its waiting calls along.
-template <typename Call>
-void onGuiThread(const QObject *half, Call call)
-{
-    if (QThread::currentThread() == half->thread()) {
-        call();
-        return;
-    }
-    const QObject carrier;
-    QObject::connect(&carrier, &QObject::destroyed, half, call, Qt::QueuedConnection);
-}
 
 /// Does \a operation to each of \a sections, in the order given, on the GUI thread of their \a half. Every
 /// section gets every record and decides for itself whether it is its own; what it answers does not matter.

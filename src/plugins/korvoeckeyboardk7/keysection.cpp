@@ -10,7 +10,6 @@
 #include <korvo/keyboard/constants.h>
 #include <korvo/keyboard/records.h>
 
-#include <QStyle>
 #include <QVariant>
 
 #include <algorithm>
@@ -66,27 +65,6 @@ quint32 keyCode(const QObject *key)
 void letGoOfKeys(QWidget *keyboard)
 {
     keyboard->hide();
-}
-
-void mark(QWidget *widget, const char *name)
-{
-    const QVariant current = widget->property(name);
-    if (current.type() == QVariant::Bool && current.toBool())
-        return;
-
-    widget->setProperty(name, true);
-    if (widget->testAttribute(Qt::WA_WState_Polished)) {
-        widget->style()->unpolish(widget);
-        widget->style()->polish(widget);
-        widget->update();
-    }
-}
-
-void markAll(const QButtonGroup *group, const char *name)
-{
-    const QList<QAbstractButton *> buttons = group->buttons();
-    for (QAbstractButton *button : buttons)
-        mark(button, name);
 }
 
 void appendKeys(KeyList *keys, const QButtonGroup *group)

@@ -3,8 +3,11 @@
 
 #pragma once
 
+#include "markers.h"
+
 #include <QAbstractButton>
 #include <QButtonGroup>
+#include <QEvent>
 #include <QList>
 #include <QObject>
 
@@ -63,12 +66,6 @@ void connectKey(const QAbstractButton *key, const Receiver *receiver, void (Rece
     QObject::connect(key, &QAbstractButton::released, receiver, released);
 }
 
-/// Sets the style-sheet marker property \a name to true, and makes it take effect.
-void mark(QWidget *widget, const char *name);
-
-/// The same for every button of \a group.
-void markAll(const QButtonGroup *group, const char *name);
-
 /// Appends the buttons of \a group in the group's order. A button that is no key leaves a null entry.
 void appendKeys(KeyList *keys, const QButtonGroup *group);
 
@@ -107,6 +104,13 @@ public:
     }
     ~KeySection() override { delete ui; }
 
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::LanguageChange)
+            ui->retranslateUi(m_pKeyboard);
+        return QObject::eventFilter(watched, event);
+    }
+
     Keyboard *m_pKeyboard; // owns this
     Form *ui = nullptr;
     KeyList m_pECButtons;
@@ -117,6 +121,7 @@ protected:
         ui = new Form;
         ui->setupUi(m_pKeyboard);
         mark(m_pKeyboard, "contentFrame");
+        m_pKeyboard->installEventFilter(this);
     }
 
     /// Sends the code of \a key as pressed or released; nothing for null.

@@ -9,6 +9,8 @@
 
 #include <korvo/keyboard/constants.h>
 
+#include <QPointer>
+
 namespace Korvo::ECKeyboard::K7 {
 
 namespace Internal {
@@ -54,6 +56,23 @@ void RightKeyboardFramePrivate::createConnects()
     relayKeys(ui->transitionFrame, m_pKeyboard);
     connect(ui->tBarFrame, &TBarKeyboadFrame::ecTBarValueChanged, m_pKeyboard,
             &RightKeyboardFrame::ecTBarValueChanged);
+
+    using Strip = LogoKeyboardFrame;
+    using Half = RightKeyboardFrame;
+    const auto relay = [this](auto stripSignal, auto halfSignal) {
+        connect(ui->logoFrame, stripSignal, m_pKeyboard, halfSignal);
+    };
+    relay(&Strip::signalGrooseneckLightStatusChanged, &Half::signalGrooseneckLightStatusChanged);
+    relay(&Strip::signalFrontLightStatusChanged, &Half::signalFrontLightStatusChanged);
+    relay(&Strip::signalSideLightStatusChanged, &Half::signalSideLightStatusChanged);
+    relay(&Strip::signalLogoLightStatusChanged, &Half::signalLogoLightStatusChanged);
+    relay(&Strip::signalSetPeripheralDataChange, &Half::signalSetPeripheralDataChange);
+    relay(&Strip::signalUpdateSystemTime, &Half::signalUpdateSystemTime);
+    relay(&Strip::signalUpdateSystemIP, &Half::signalUpdateSystemIP);
+    relay(&Strip::signalReqECDeviceIP, &Half::signalReqECDeviceIP);
+    relay(&Strip::signalRestartControlEvent, &Half::signalRestartControlEvent);
+    relay(&Strip::signalIPModeChanged, &Half::signalIPModeChanged);
+    relay(&Strip::signalTimeTypeChanged, &Half::signalTimeTypeChanged);
 }
 
 } // namespace Internal
@@ -110,17 +129,33 @@ bool RightKeyboardFrame::updateTBarValue(std::shared_ptr<ECTBarValue> value)
     return true;
 }
 
-void RightKeyboardFrame::updateECDeviceIP(std::shared_ptr<ECDeviceIPData>) {}
+void RightKeyboardFrame::updateECDeviceIP(std::shared_ptr<ECDeviceIPData> ip)
+{
+    d->ui->logoFrame->updateECDeviceIP(ip); // which takes it from any thread
+}
 
 bool RightKeyboardFrame::updateKeyboard()
 {
-    Internal::onGuiThread(this, [this] { Q_EMIT signalKorvoPluginModeChanged(); });
+    Internal::onGuiThread(this, [this] {
+        const QPointer<LogoKeyboardFrame> strip = d->ui->logoFrame;
+        Q_EMIT signalKorvoPluginModeChanged();
+        if (strip)
+            strip->enterWindow();
+    });
     return false; // on purpose, where the left half says true
 }
 
-void RightKeyboardFrame::updateDVISignalStatus(std::shared_ptr<DVIInSignal>) {}
+void RightKeyboardFrame::updateDVISignalStatus(std::shared_ptr<DVIInSignal> signal)
+{
+    Internal::handToSections(
+        this, [signal](auto *strip) { strip->updateDVISignalStatus(signal); }, d->ui->logoFrame);
+}
 
-void RightKeyboardFrame::updatePeripheralVisibleState(std::shared_ptr<PeripheralControlVisibleState>) {}
+void RightKeyboardFrame::updatePeripheralVisibleState(std::shared_ptr<PeripheralControlVisibleState> state)
+{
+    Internal::handToSections(
+        this, [state](auto *strip) { strip->updatePeripheralVisibleState(state); }, d->ui->logoFrame);
+}
 
 } // namespace Korvo::ECKeyboard::K7
 
