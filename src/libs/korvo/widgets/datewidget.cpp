@@ -23,7 +23,7 @@ namespace Korvo::Widgets {
 namespace {
 
 // For fingers.
-const QSize cellSize(46, 42);
+const QSize cellSize(54, 42);
 const QSize arrowSize(52, 44);
 
 // A calendar in a pop-up below or above a button. The arrows of its own bar are larger than the ones that
@@ -231,7 +231,6 @@ void DateWidgetPrivate::toggle()
         popup->open(date);
 }
 
-// Emits last, since a listener may delete the button.
 void DateWidgetPrivate::pick(const QDate &picked)
 {
     popup->close();
@@ -250,11 +249,7 @@ DateWidget::DateWidget(QWidget *parent)
     connect(this, &QToolButton::clicked, this, [this] { d->toggle(); });
 }
 
-DateWidget::~DateWidget()
-{
-    // While this is still a button to give the focus back to.
-    delete d->popup;
-}
+DateWidget::~DateWidget() = default;
 
 QDate DateWidget::date() const
 {

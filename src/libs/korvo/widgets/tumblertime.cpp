@@ -242,7 +242,7 @@ void TumblerTime::paintEvent(QPaintEvent *)
 
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(palette().color(QPalette::Active, QPalette::Text));
+    painter.setBrush(palette().color(QPalette::Active, QPalette::WindowText));
     painter.setOpacity(isEnabled() ? 0.8 : 0.3);
     for (const TumblerWheel *wheel : {d->hour, d->minute}) {
         const QRect place = wheel->geometry();

@@ -439,7 +439,7 @@ void TumblerWheel::paintEvent(QPaintEvent *)
 void TumblerWheel::paintDrum(QPainter *painter) const
 {
     const QPalette colors = parentWidget()->palette();
-    QColor face = colors.color(QPalette::Active, QPalette::Base);
+    const QColor &face = colors.color(QPalette::Active, QPalette::Base);
     QLinearGradient curve(0, 0, 0, height());
     curve.setColorAt(0, face.darker(150));
     curve.setColorAt(0.5, face);

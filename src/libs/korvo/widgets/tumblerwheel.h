@@ -100,7 +100,7 @@ private:
     // places below zero and beyond its labels.
     qreal m_position = 0;
 
-    QVariantAnimation m_animation;
+    QVariantAnimation m_animation{this}; // runs only while the wheel turns
     Motion m_motion = Motion::Step;
 
     Holder m_holder = Holder::Nobody;
