@@ -3,6 +3,8 @@
 
 #include "leverpainter.h"
 
+#include "mixed.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
@@ -22,13 +24,6 @@ const qreal slitWidth = 12;
 const qreal crossbarHeight = 26;
 const qreal stemHeight = 16;
 const qreal stemWidth = 30;
-
-QColor mixed(const QColor &a, const QColor &b, qreal shareOfB)
-{
-    const auto channel = [shareOfB](qreal of, qreal with) { return of + (with - of) * shareOfB; };
-    return QColor::fromRgbF(channel(a.redF(), b.redF()), channel(a.greenF(), b.greenF()),
-                            channel(a.blueF(), b.blueF()), channel(a.alphaF(), b.alphaF()));
-}
 
 // Moves edges onto whole device pixels, as long as the painter neither turns nor shears.
 class PixelGrid

@@ -34,8 +34,16 @@ void Spinner::setColors(const QColor &arc, const QColor &background)
 
 void Spinner::hideEvent(QHideEvent *event)
 {
+    m_isShown = false;
     m_timer.stop();
     QWidget::hideEvent(event);
+}
+
+void Spinner::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    m_isShown = true;
+    update(); // a window that is no longer minimized comes back as it was
 }
 
 // Painting keeps it turning: nothing tells an embedded widget that the view around it is out of sight.
@@ -55,7 +63,7 @@ void Spinner::timerEvent(QTimerEvent *event)
 void Spinner::paintEvent(QPaintEvent *)
 {
     m_isSeen = true;
-    if (isVisible() && !m_timer.isActive())
+    if (m_isShown && !m_timer.isActive())
         m_timer.start(frameMs, this);
 
     QPainter painter(this);

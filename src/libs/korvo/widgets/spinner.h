@@ -24,14 +24,16 @@ public:
 protected:
     void hideEvent(QHideEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
 
 private:
     QColor m_arc;
     QColor m_background;
     QBasicTimer m_timer;
-    bool m_isSeen = false; // painted since the last turn
-    int m_angle = 0;       // degrees, clockwise from the top
+    bool m_isShown = false; // false while minimized too, unlike isVisible()
+    bool m_isSeen = false;  // painted since the last turn
+    int m_angle = 0;        // degrees, clockwise from the top
 };
 
 } // namespace Korvo::Widgets

@@ -3,6 +3,8 @@
 
 #include "switchcontrol.h"
 
+#include "mixed.h"
+
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QApplication>
@@ -20,16 +22,9 @@ namespace Korvo::Widgets {
 namespace {
 
 const qreal ringWidth = 2;
-const qreal ringGap = 1;
-const qreal disabledOpacity = 0.4;
+const qreal ringGap = 2;
+const qreal disabledShare = 0.4; // of a color, the rest is the track's
 const int slideMs = 120;
-
-QColor mixed(const QColor &from, const QColor &to, qreal share)
-{
-    const auto part = [share](qreal a, qreal b) { return a + (b - a) * share; };
-    return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
-                            part(from.blueF(), to.blueF()), part(from.alphaF(), to.alphaF()));
-}
 
 } // namespace
 
@@ -62,6 +57,7 @@ public:
     void slideHome();
     void jumpHome();
     void showKnob(qreal place);
+    QColor shown(const QColor &color) const;
     void paintTrack(QPainter *painter) const;
     void paintKnob(QPainter *painter) const;
     void setColor(QColor *color, const QColor &value);
@@ -109,7 +105,7 @@ QRectF SwitchControlPrivate::track() const
     const qreal margin = ringWidth + ringGap;
     const QRectF room = QRectF(q->contentsRect()).adjusted(margin, margin, -margin, -margin);
     QSizeF size = QSizeF(q->sizeHint()) - QSizeF(2 * margin, 2 * margin);
-    size.scale(room.size(), Qt::KeepAspectRatio);
+    size.scale(room.size().expandedTo(QSizeF(0, 0)), Qt::KeepAspectRatio);
     QRectF track(QPointF(), size);
     track.moveCenter(room.center());
     return track;
@@ -206,14 +202,20 @@ void SwitchControlPrivate::showKnob(qreal place)
     q->update();
 }
 
+// Opaque while disabled too, so that the knob covers its mark.
+QColor SwitchControlPrivate::shown(const QColor &color) const
+{
+    return q->isEnabled() ? color : mixed(trackColor, color, disabledShare);
+}
+
 void SwitchControlPrivate::paintTrack(QPainter *painter) const
 {
     const QRectF shape = track();
     const qreal height = shape.height();
-    QColor rim = knobColor;
+    QColor rim = shown(knobColor);
     rim.setAlphaF(0.5);
     painter->setPen(QPen(rim, 1));
-    painter->setBrush(mixed(trackColor, onColor, knob));
+    painter->setBrush(mixed(trackColor, shown(onColor), knob));
     painter->drawRoundedRect(shape.adjusted(0.5, 0.5, -0.5, -0.5), height / 2, height / 2);
 
     // A mark at each end; the knob stands on the one that does not hold.
@@ -221,7 +223,7 @@ void SwitchControlPrivate::paintTrack(QPainter *painter) const
     const QPointF inset(height * 0.55, 0);
     const QPointF left(shape.left(), shape.center().y());
     const QPointF right(shape.right(), shape.center().y());
-    painter->setPen(QPen(knobColor, height * 0.1, Qt::SolidLine, Qt::RoundCap));
+    painter->setPen(QPen(shown(knobColor), height * 0.1, Qt::SolidLine, Qt::RoundCap));
     painter->setBrush(Qt::NoBrush);
     painter->drawLine(left + inset - QPointF(0, size), left + inset + QPointF(0, size));
     painter->drawEllipse(right - inset, size, size);
@@ -233,7 +235,7 @@ void SwitchControlPrivate::paintKnob(QPainter *painter) const
     const qreal radius = shape.height() / 2;
     const qreal gap = isPressed ? 3.5 : 2.5;
     painter->setPen(Qt::NoPen);
-    painter->setBrush(knobColor);
+    painter->setBrush(shown(knobColor));
     painter->drawEllipse(QPointF(shape.left() + radius + knob * travel(), shape.center().y()), radius - gap,
                          radius - gap);
 }
@@ -355,7 +357,7 @@ void SwitchControl::setKnobColor(const QColor &color)
 
 QSize SwitchControl::sizeHint() const
 {
-    return QSize(56, 28);
+    return QSize(58, 30);
 }
 
 QSize SwitchControl::minimumSizeHint() const
@@ -418,12 +420,9 @@ void SwitchControl::mousePressEvent(QMouseEvent *event)
 
 void SwitchControl::mouseMoveEvent(QMouseEvent *event)
 {
-    if (!d->isPressed)
-        event->ignore();
-    else if (event->buttons() & Qt::LeftButton)
+    event->setAccepted(d->isPressed);
+    if (d->isPressed)
         d->drag(event->localPos());
-    else
-        d->cancelPress();
 }
 
 void SwitchControl::mouseReleaseEvent(QMouseEvent *event)
@@ -454,8 +453,6 @@ void SwitchControl::paintEvent(QPaintEvent *)
         painter.translate(2 * track.center().x(), 0);
         painter.scale(-1, 1);
     }
-    if (!isEnabled())
-        painter.setOpacity(disabledOpacity);
     d->paintTrack(&painter);
     d->paintKnob(&painter);
 }

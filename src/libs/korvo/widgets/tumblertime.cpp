@@ -16,7 +16,7 @@ namespace Korvo::Widgets {
 
 namespace {
 
-const int gap = 10; // pixels between wheels, wide enough for a colon
+const int wheelGap = 10; // pixels between wheels, wide enough for a colon
 
 QString am()
 {
@@ -78,7 +78,7 @@ TumblerTimePrivate::TumblerTimePrivate(TumblerTime *time)
     , type(addWheel(TumblerWheel::Turning::ToTheEnds, {am(), pm()}))
 {
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(gap);
+    layout->setSpacing(wheelGap);
     retranslate();
 }
 
@@ -246,7 +246,7 @@ void TumblerTime::paintEvent(QPaintEvent *)
     painter.setOpacity(isEnabled() ? 0.8 : 0.3);
     for (const TumblerWheel *wheel : {d->hour, d->minute}) {
         const QRect place = wheel->geometry();
-        const QPointF middle(place.right() + 1 + gap / 2.0, place.y() + place.height() / 2.0);
+        const QPointF middle(place.right() + 1 + wheelGap / 2.0, place.y() + place.height() / 2.0);
         for (const qreal side : {-5.0, 5.0})
             painter.drawEllipse(middle + QPointF(0, side), 1.75, 1.75);
     }

@@ -5,13 +5,19 @@
 
 #include "spinner.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QAccessible>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QPainter>
 #include <QPointer>
 #include <QScreen>
-#include <QWindow>
+#include <QTextDocument>
+#include <QTextOption>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
 
 namespace Korvo::Widgets {
 
@@ -21,7 +27,6 @@ const int comfortableWidth = 360;
 const int outerMargin = 8; // around the panel
 const qreal panelRadius = 8;
 const int smallestFont = 7; // pixels; what does not fit in it is cut off
-const int textFlags = Qt::AlignCenter | Qt::TextWordWrap | Qt::TextWrapAnywhere;
 
 // Sizes inside of the panel.
 struct Measures
@@ -31,55 +36,77 @@ struct Measures
 };
 
 const Measures roomy = {24, 56};
-const Measures tight = {10, 32};
+const Measures tight[] = {{16, 48}, {10, 32}, {6, 20}};
 
+// The places in a panel around the middle of an area, with a text of that size below the spinner.
 struct Places
 {
+    Places() = default;
+    Places(const QRect &area, const Measures &measures, const QSize &textSize);
+
     QRect panel;
     QRect spinner;
     QRect text;
-    QFont font;
 };
 
-// The panel in the middle of an area, around a text of that size below the spinner.
-Places placesFor(const QRect &area, const Measures &measures, const QSize &text, const QFont &font)
+Places::Places(const QRect &area, const Measures &measures, const QSize &textSize)
 {
-    const int gap = text.isEmpty() ? 0 : measures.padding * 2 / 3;
-    const QSize content(qMax(text.width(), measures.spinner), measures.spinner + gap + text.height());
-    const QSize size = content + 2 * QSize(measures.padding, measures.padding);
-
-    Places places;
-    places.font = font;
-    places.panel = QRect(QPoint(), size);
-    places.panel.moveCenter(area.center());
-    const QRect inner =
-        places.panel.adjusted(measures.padding, measures.padding, -measures.padding, -measures.padding);
-    places.spinner =
-        QRect(inner.center().x() - measures.spinner / 2, inner.top(), measures.spinner, measures.spinner);
-    places.text = inner.adjusted(0, measures.spinner + gap, 0, 0);
-    return places;
+    const int padding = measures.padding;
+    const int gap = textSize.isEmpty() ? 0 : padding * 2 / 3;
+    const QSize content(qMax(textSize.width(), measures.spinner), measures.spinner + gap + textSize.height());
+    panel.setSize(content + 2 * QSize(padding, padding));
+    panel.moveCenter(area.center());
+    const QRect inner = panel.adjusted(padding, padding, -padding, -padding);
+    spinner = QRect(0, inner.top(), measures.spinner, measures.spinner);
+    spinner.moveLeft(inner.center().x() - measures.spinner / 2);
+    text = inner.adjusted(0, measures.spinner + gap, 0, 0);
 }
 
-// The largest that fits: first the panel grows, then spinner and margins shrink, at last the text does.
-Places fittingPlaces(const QRect &area, const QString &text, const QFont &font)
+// Wraps the text and returns what it needs then.
+QSize wrap(QTextDocument *text, int width)
+{
+    text->setTextWidth(width);
+    text->setTextWidth(qMin(width, int(std::ceil(text->idealWidth()))));
+    return text->isEmpty() ? QSize() : text->size().toSize();
+}
+
+// False when a panel with these measures does not fit, however wide it is.
+bool fit(const QRect &area, const Measures &measures, QTextDocument *text, Places *places)
+{
+    const int widest = area.width() - 2 * measures.padding;
+    for (const int width : {qMin(comfortableWidth, widest), widest}) {
+        *places = Places(area, measures, wrap(text, width));
+        if (area.contains(places->panel))
+            return true;
+    }
+    return false;
+}
+
+// As large as it fits: first the panel grows, then spinner and margins shrink, at last the text does.
+Places fittingPlaces(const QRect &area, QTextDocument *text, QFont font)
 {
     Places places;
     for (int pixels = QFontInfo(font).pixelSize(); pixels >= smallestFont; --pixels) {
-        QFont smaller = font;
-        if (pixels != QFontInfo(font).pixelSize())
-            smaller.setPixelSize(pixels);
-        for (const Measures &measures : {roomy, tight}) {
-            const int widest = area.width() - 2 * measures.padding;
-            for (const int width : {qMin(comfortableWidth, widest), widest}) {
-                const QSize needed =
-                    QFontMetrics(smaller).boundingRect(0, 0, width, QWIDGETSIZE_MAX, textFlags, text).size();
-                places = placesFor(area, measures, needed, smaller);
-                if (area.contains(places.panel))
-                    return places;
-            }
-        }
+        font.setPixelSize(pixels);
+        text->setDefaultFont(font);
+        if (fit(area, roomy, text, &places))
+            break;
+        const bool isFitting = std::any_of(std::begin(tight), std::end(tight), [&](const Measures &measures) {
+            return fit(area, measures, text, &places);
+        });
+        if (isFitting)
+            break;
     }
     return places;
+}
+
+void prepare(QTextDocument *text)
+{
+    QTextOption option(Qt::AlignHCenter);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    text->setDefaultTextOption(option);
+    text->setDocumentMargin(0);
+    text->setUndoRedoEnabled(false);
 }
 
 // The widget itself or, of a shortcut or an action, that which owns it; null when none does.
@@ -88,6 +115,14 @@ const QWidget *widgetOf(const QObject *object)
     while (object && !object->isWidgetType())
         object = object->parent();
     return static_cast<const QWidget *>(object);
+}
+
+// Embedded in a graphics scene, as its parent may be, a window would be modal to nothing.
+Qt::WindowFlags usableFlags(const QWidget *parent, Qt::WindowFlags flags)
+{
+    if (parent && !flags.testFlag(Qt::Window))
+        return flags;
+    return flags | Qt::Window | Qt::FramelessWindowHint | Qt::BypassGraphicsProxyWidget;
 }
 
 bool isInput(QEvent::Type type)
@@ -124,6 +159,7 @@ public:
         : q(dialog)
         , spinner(new Spinner(dialog))
     {
+        prepare(&document);
     }
 
     void setText(const QString &newText);
@@ -140,6 +176,7 @@ public:
     WaitingDialog *const q;
     Spinner *const spinner; // child of the dialog
     QString text;
+    QTextDocument document; // the text, as it is wrapped
     WaitingDialog::TooltipLevel level = WaitingDialog::Normal;
     Places places;
 
@@ -164,6 +201,7 @@ void WaitingDialogPrivate::setText(const QString &newText)
     if (text == newText)
         return;
     text = newText;
+    document.setPlainText(text);
     q->setAccessibleName(text);
     q->updateGeometry();
     if (q->isWindow())
@@ -174,7 +212,7 @@ void WaitingDialogPrivate::setText(const QString &newText)
 void WaitingDialogPrivate::arrange()
 {
     const int margin = q->isWindow() ? 0 : outerMargin;
-    places = fittingPlaces(q->rect().adjusted(margin, margin, -margin, -margin), text, q->font());
+    places = fittingPlaces(q->rect().adjusted(margin, margin, -margin, -margin), &document, q->font());
     if (q->isWindow())
         places.panel = q->rect();
     spinner->setGeometry(places.spinner);
@@ -194,9 +232,10 @@ void WaitingDialogPrivate::paint(QPainter *painter) const
         painter->fillRect(q->rect(), dimColor);
         painter->drawRoundedRect(panel, panelRadius, panelRadius);
     }
-    painter->setFont(places.font);
-    painter->setPen(q->palette().color(QPalette::Active, QPalette::WindowText));
-    painter->drawText(places.text, textFlags, text);
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.palette.setColor(QPalette::Text, q->palette().color(QPalette::Active, QPalette::WindowText));
+    painter->translate(places.text.topLeft());
+    document.documentLayout()->draw(painter, context);
 }
 
 QColor WaitingDialogPrivate::levelColor() const
@@ -316,14 +355,11 @@ bool WaitingDialogPrivate::eventFilter(QObject *watched, QEvent *event)
 }
 
 WaitingDialog::WaitingDialog(QWidget *parent, Qt::WindowFlags flags)
-    : QWidget(parent, flags)
+    : QWidget(parent, usableFlags(parent, flags))
     , d(new WaitingDialogPrivate(this))
 {
-    if (isWindow()) {
-        // Embedded in a graphics scene, as its parent may be, it would be modal to nothing.
-        setWindowFlags(windowFlags() | Qt::FramelessWindowHint | Qt::BypassGraphicsProxyWidget);
+    if (isWindow())
         setWindowModality(Qt::ApplicationModal);
-    }
     setAttribute(Qt::WA_AcceptTouchEvents);
     setFocusPolicy(Qt::StrongFocus);
     hide(); // also when the parent is shown later
@@ -415,8 +451,10 @@ void WaitingDialog::setErrorColor(const QColor &color)
 QSize WaitingDialog::sizeHint() const
 {
     ensurePolished();
-    const QRect anywhere(0, 0, comfortableWidth + 2 * roomy.padding, QWIDGETSIZE_MAX);
-    return fittingPlaces(anywhere, d->text, font()).panel.size();
+    QTextDocument text(d->text);
+    prepare(&text);
+    text.setDefaultFont(font());
+    return Places(QRect(), roomy, wrap(&text, comfortableWidth)).panel.size();
 }
 
 bool WaitingDialog::event(QEvent *event)

@@ -20,7 +20,10 @@ namespace Ovo::Widgets {
 
 namespace {
 
+// From the start: Qt embeds a dialog as soon as it has an embedded parent.
+const Qt::WindowFlags flags = Qt::Dialog | Qt::FramelessWindowHint | Qt::BypassGraphicsProxyWidget;
 const QSize fingerSize(88, 40);
+const int roomAround = 6; // the layout, beside its own margins
 
 // The view that shows an embedded window; null when it is not embedded.
 QGraphicsView *viewOf(const QWidget *window)
@@ -66,6 +69,7 @@ public:
     void setUp();
     void showTitle(const QString &text);
     void enlargeButtons();
+    void freeInformativeText() const;
     void placeTitle();
     void moveTo(QPoint topLeft, const QRect &screen);
     void center();
@@ -82,8 +86,9 @@ public:
 
 void FramelessMessageBoxPrivate::setUp()
 {
-    q->setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint | Qt::BypassGraphicsProxyWidget);
-    q->setWindowModality(Qt::ApplicationModal);
+    q->QDialog::setWindowModality(Qt::ApplicationModal); // QMessageBox's takes the flags back
+
+    q->setTextInteractionFlags(Qt::LinksAccessibleByMouse); // or it could not be dragged by its text
 
     title->setObjectName(QStringLiteral("messagebox_title"));
     title->setTextFormat(Qt::PlainText);
@@ -106,8 +111,20 @@ void FramelessMessageBoxPrivate::showTitle(const QString &text)
 void FramelessMessageBoxPrivate::enlargeButtons()
 {
     const QList<QAbstractButton *> buttons = q->buttons();
-    for (QAbstractButton *button : buttons)
-        button->setMinimumSize(button->minimumSize().expandedTo(fingerSize));
+    for (QAbstractButton *button : buttons) {
+        const QSize size = button->minimumSize().expandedTo(fingerSize);
+        if (button->minimumSize() == size)
+            continue;
+        button->setMinimumSize(size);
+        button->parentWidget()->updateGeometry(); // now, rather than in the turn after
+    }
+}
+
+// QMessageBox creates it late, with the style's flags: most let it be selected.
+void FramelessMessageBoxPrivate::freeInformativeText() const
+{
+    if (auto *label = q->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel")))
+        label->setTextInteractionFlags(q->textInteractionFlags());
 }
 
 // QMessageBox makes itself a new layout from time to time, so the title stands above it.
@@ -115,8 +132,7 @@ void FramelessMessageBoxPrivate::placeTitle()
 {
     const int height = title->isHidden() ? 0 : title->heightForWidth(q->width());
     title->setGeometry(0, 0, q->width(), height);
-    if (q->contentsMargins().top() != height)
-        q->setContentsMargins(0, height, 0, 0);
+    q->setContentsMargins(roomAround, height + roomAround, roomAround, roomAround);
 }
 
 void FramelessMessageBoxPrivate::moveTo(QPoint topLeft, const QRect &screen)
@@ -153,15 +169,13 @@ QMessageBox::StandardButton FramelessMessageBoxPrivate::ask(QMessageBox::Icon ic
 }
 
 FramelessMessageBox::FramelessMessageBox(QWidget *parent)
-    : QMessageBox(parent)
-    , d(new FramelessMessageBoxPrivate(this))
+    : FramelessMessageBox(NoIcon, QString(), QString(), NoButton, parent)
 {
-    d->setUp();
 }
 
 FramelessMessageBox::FramelessMessageBox(Icon icon, const QString &title, const QString &text,
                                          StandardButtons buttons, QWidget *parent)
-    : QMessageBox(icon, title, text, buttons, parent)
+    : QMessageBox(icon, title, text, buttons, parent, flags)
     , d(new FramelessMessageBoxPrivate(this))
 {
     d->setUp();
@@ -194,6 +208,7 @@ bool FramelessMessageBox::event(QEvent *event)
 {
     if (event->type() == QEvent::LayoutRequest) {
         d->enlargeButtons();
+        d->freeInformativeText();
         d->placeTitle();
     }
     return QMessageBox::event(event);
