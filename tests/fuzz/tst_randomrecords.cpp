@@ -11,6 +11,8 @@
 #include <QAbstractButton>
 #include <QBoxLayout>
 #include <QSet>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
 
@@ -84,6 +86,7 @@ class tst_RandomRecords : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void init();
     void cleanup();
     void whateverComesKeysAndLabelsKeepTheirPromises();
@@ -125,6 +128,7 @@ private:
         return container->isAncestorOf(part.widget);
     }
 
+    QTemporaryDir m_configDir;
     LivePlugin m_live;
     std::unique_ptr<Dice> m_dice;
     std::unique_ptr<Console> m_console;
@@ -141,6 +145,13 @@ private:
     bool m_isMouseDown = false;
     QString m_complaint;
 };
+
+/// The console remembers its settings: not where it does for whoever runs the test.
+void tst_RandomRecords::initTestCase()
+{
+    QVERIFY(m_configDir.isValid());
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_configDir.path());
+}
 
 void tst_RandomRecords::init()
 {

@@ -18,7 +18,10 @@ ConsoleSession::ConsoleSession(IKorvoECKeyboardPlugin *plugin, DeviceLink *link,
     connectEvents();
 }
 
-ConsoleSession::~ConsoleSession() = default;
+ConsoleSession::~ConsoleSession()
+{
+    m_link->consoleClosed();
+}
 
 void ConsoleSession::start()
 {
@@ -39,12 +42,21 @@ QList<QWeakPointer<IKorvoECKeyboard>> ConsoleSession::halves() const
 
 void ConsoleSession::connectEvents()
 {
-    connect(m_plugin, &IKorvoECKeyboardPlugin::ecButtonPressed, this,
-            [this](quint32 code) { m_link->keyPressed(code); });
-    connect(m_plugin, &IKorvoECKeyboardPlugin::ecButtonRelease, this,
-            [this](quint32 code) { m_link->keyReleased(code); });
-    connect(m_plugin, &IKorvoECKeyboardPlugin::signalKorvoPluginModeChanged, this,
-            [this] { m_link->refresh(); });
+    passOn(&IKorvoECKeyboardPlugin::ecButtonPressed, &DeviceLink::keyPressed);
+    passOn(&IKorvoECKeyboardPlugin::ecButtonRelease, &DeviceLink::keyReleased);
+    passOn(&IKorvoECKeyboardPlugin::signalKorvoPluginModeChanged, &DeviceLink::refresh);
+    passOn(&IKorvoECKeyboardPlugin::ecTBarValueChanged, &DeviceLink::leverMoved);
+    passOnLamp(&IKorvoECKeyboardPlugin::signalGrooseneckLightStatusChanged, Lamp::Gooseneck);
+    passOnLamp(&IKorvoECKeyboardPlugin::signalFrontLightStatusChanged, Lamp::Front);
+    passOnLamp(&IKorvoECKeyboardPlugin::signalSideLightStatusChanged, Lamp::Lcd);
+    passOnLamp(&IKorvoECKeyboardPlugin::signalLogoLightStatusChanged, Lamp::Logo);
+    passOn(&IKorvoECKeyboardPlugin::signalSetPeripheralDataChange, &DeviceLink::peripheralScreensChanged);
+    passOn(&IKorvoECKeyboardPlugin::signalReqECDeviceIP, &DeviceLink::addressesRequested);
+    passOn(&IKorvoECKeyboardPlugin::signalUpdateSystemIP, &DeviceLink::addressesEntered);
+    passOn(&IKorvoECKeyboardPlugin::signalIPModeChanged, &DeviceLink::addressChangeRequested);
+    passOn(&IKorvoECKeyboardPlugin::signalUpdateSystemTime, &DeviceLink::clockSet);
+    passOn(&IKorvoECKeyboardPlugin::signalTimeTypeChanged, &DeviceLink::timeTypeChanged);
+    passOn(&IKorvoECKeyboardPlugin::signalRestartControlEvent, &DeviceLink::restartRequested);
 }
 
 void ConsoleSession::connectRecords()
@@ -55,6 +67,20 @@ void ConsoleSession::connectRecords()
     deliver(&DeviceLink::deviceIPReported, &IKorvoECKeyboard::updateECDeviceIP);
     deliver(&DeviceLink::dviSignalReported, &IKorvoECKeyboard::updateDVISignalStatus);
     deliver(&DeviceLink::peripheralVisibilityReported, &IKorvoECKeyboard::updatePeripheralVisibleState);
+}
+
+template <typename... EventArguments, typename... SlotArguments>
+void ConsoleSession::passOn(void (IKorvoECKeyboardPlugin::*emitted)(EventArguments...),
+                            void (DeviceLink::*slot)(SlotArguments...))
+{
+    connect(m_plugin, emitted, this,
+            [this, slot](EventArguments... arguments) { (m_link->*slot)(arguments...); });
+}
+
+void ConsoleSession::passOnLamp(void (IKorvoECKeyboardPlugin::*emitted)(bool, quint8), Lamp lamp)
+{
+    connect(m_plugin, emitted, this,
+            [this, lamp](bool isOn, quint8 brightness) { m_link->lampChanged(lamp, isOn, brightness); });
 }
 
 template <typename Record, typename Result>

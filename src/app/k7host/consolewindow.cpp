@@ -3,6 +3,12 @@
 
 #include "consolewindow.h"
 
+#include "hardwarepanel.h"
+#include "powercover.h"
+
+#include <korvo/widgets/waitingdialog.h>
+
+#include <QCoreApplication>
 #include <QEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -21,8 +27,12 @@ constexpr int Seam = 16; // pixels between the halves
 
 ConsoleWindow::ConsoleWindow(const QList<QWeakPointer<IKorvoECKeyboard>> &halves, QWidget *parent)
     : QWidget(parent)
+    , m_panel(new HardwarePanel(this))
+    , m_cover(new PowerCover(this))
 {
     setWindowTitle(QStringLiteral("K7"));
+    m_cover->hide();
+    connect(m_cover, &PowerCover::switchOnRequested, this, &ConsoleWindow::switchOnRequested);
     for (const auto &half : halves) {
         if (const auto keyboard = half.toStrongRef()) {
             m_halves.push_back({half, keyboard->size()});
@@ -34,6 +44,7 @@ ConsoleWindow::ConsoleWindow(const QList<QWeakPointer<IKorvoECKeyboard>> &halves
                 child->ensurePolished();
         }
     }
+    m_panel->ensurePolished();
     placeHalves();
     // No key looks focused before somebody moves the focus to one.
     setFocusPolicy(Qt::ClickFocus);
@@ -51,11 +62,24 @@ ConsoleWindow::~ConsoleWindow()
 QImage ConsoleWindow::picture(qreal factor)
 {
     QImage image((QSizeF(size()) * factor).toSize(), QImage::Format_RGB32);
+    image.fill(Background);
     // Scaled by the painter: rendering to an image with a pixel ratio below 1 leaves part of it out.
     QPainter painter(&image);
     painter.scale(factor, factor);
-    render(&painter);
+    for (const Half &half : m_halves) {
+        if (const auto keyboard = half.keyboard.toStrongRef())
+            keyboard->render(&painter, keyboard->pos(), {}, DrawChildren);
+    }
     return image;
+}
+
+void ConsoleWindow::showHardware(const HardwareState &state)
+{
+    m_panel->showState(state);
+    if (state.power != Power::On)
+        cover(state.power);
+    else if (!m_cover->isHidden())
+        uncover();
 }
 
 bool ConsoleWindow::event(QEvent *event)
@@ -64,6 +88,12 @@ bool ConsoleWindow::event(QEvent *event)
     if (event->type() == QEvent::LayoutRequest)
         placeHalves();
     return QWidget::event(event);
+}
+
+bool ConsoleWindow::focusNextPrevChild(bool next)
+{
+    // The focus does not go to what is covered.
+    return m_cover->isHidden() && QWidget::focusNextPrevChild(next);
 }
 
 void ConsoleWindow::paintEvent(QPaintEvent *event)
@@ -78,7 +108,8 @@ void ConsoleWindow::paintEvent(QPaintEvent *event)
 
 void ConsoleWindow::placeHalves()
 {
-    int left = 0;
+    QRect all;
+    QRect first;
     for (const Half &half : m_halves) {
         const auto keyboard = half.keyboard.toStrongRef();
         if (!keyboard)
@@ -86,10 +117,49 @@ void ConsoleWindow::placeHalves()
         // A form may be drawn smaller than what its layout needs.
         const QSize wanted =
             half.formSize.expandedTo(keyboard->minimumSizeHint()).expandedTo(keyboard->minimumSize());
+        const int left = all.isNull() ? 0 : all.right() + 1 + Seam;
         keyboard->setGeometry(QRect(QPoint(left, 0), wanted.boundedTo(keyboard->maximumSize())));
-        left = keyboard->geometry().right() + 1 + Seam;
+        all |= keyboard->geometry();
+        if (first.isNull())
+            first = keyboard->geometry();
     }
-    setFixedSize(childrenRect().size());
+    setFixedSize(all.size());
+    m_cover->setGeometry(all);
+    const int top = first.bottom() + 1 + Seam;
+    placePanel({first.left(), top, first.width(), all.bottom() + 1 - top});
+}
+
+void ConsoleWindow::placePanel(const QRect &room)
+{
+    const QSize needed = m_panel->minimumSizeHint();
+    const bool fits = needed.width() <= room.width() && needed.height() <= room.height();
+    m_panel->setVisible(fits);
+    if (fits)
+        m_panel->setGeometry(room);
+}
+
+void ConsoleWindow::cover(Power power)
+{
+    m_cover->setPower(power);
+    if (!m_cover->isHidden())
+        return;
+    // Keys that are held come up.
+    QEvent deactivate(QEvent::WindowDeactivate);
+    QCoreApplication::sendEvent(this, &deactivate);
+    m_cover->raise();
+    m_panel->raise();
+    m_cover->show();
+    m_cover->setFocus();
+}
+
+void ConsoleWindow::uncover()
+{
+    // A console that has restarted does not wait for anything any more.
+    const auto indicators = findChildren<Korvo::Widgets::WaitingDialog *>();
+    for (Korvo::Widgets::WaitingDialog *indicator : indicators)
+        indicator->hideWaitingDialog();
+    m_cover->hide();
+    setFocus();
 }
 
 } // namespace K7Host

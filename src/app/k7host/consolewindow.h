@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "hardwarestate.h"
+
 #include <korvo/keyboard/ikorvoeckeyboard.h>
 
 #include <QImage>
@@ -14,7 +16,11 @@
 
 namespace K7Host {
 
-/// Shows console halves side by side at their native size, tops aligned.
+class HardwarePanel;
+class PowerCover;
+
+/// Shows console halves side by side at their native size, tops aligned, and below the left one, where it has
+/// room, what the console's hardware is set to. While the console has no power it is covered.
 ///
 /// The plug-in keeps owning the halves: the window gives back those that are still there when it goes.
 class ConsoleWindow : public QWidget
@@ -26,15 +32,24 @@ public:
                            QWidget *parent = nullptr);
     ~ConsoleWindow() override;
 
-    /// The console at native size times \a factor, whatever the scale of the screen.
+    /// The halves alone at native size times \a factor, whatever the scale of the screen.
     QImage picture(qreal factor);
+
+    /// A child; hidden when there is no room for it.
+    HardwarePanel *hardwarePanel() const { return m_panel; }
+
+public Q_SLOTS:
+    void showHardware(const K7Host::HardwareState &state);
 
 Q_SIGNALS:
     /// The window was painted completely for the first time since it was made.
     void shown();
+    /// Somebody wants the console on that was shut down.
+    void switchOnRequested();
 
 protected:
     bool event(QEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
@@ -45,8 +60,13 @@ private:
     };
 
     void placeHalves();
+    void placePanel(const QRect &room);
+    void cover(Power power);
+    void uncover();
 
     std::vector<Half> m_halves;
+    HardwarePanel *const m_panel;
+    PowerCover *const m_cover;
     bool m_isShown = false;
 };
 

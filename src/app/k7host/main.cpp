@@ -1,11 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The K7 keyboard authors
 // SPDX-License-Identifier: MIT
 
+#include "applicationlanguage.h"
 #include "applytheme.h"
 #include "consolesession.h"
 #include "consolewindow.h"
 #include "display.h"
+#include "hardwarepanel.h"
 #include "hostsettings.h"
+#include "keypadtrigger.h"
+#include "languagemenu.h"
 #include "logging.h"
 #include "options.h"
 #include "pluginhost.h"
@@ -14,7 +18,11 @@
 #include "screenshot.h"
 #include "simulatedprocessor.h"
 
+#include <korvo/keyboard/ikorvoeckeyboardplugin.h>
+
 #include <QApplication>
+#include <QBoxLayout>
+#include <QDir>
 
 #include <cstdio>
 #include <memory>
@@ -45,6 +53,12 @@ int listPlugins(int argc, char *argv[], const Options &options)
     return print(plugins.descriptions().join(QLatin1Char('\n')) + QLatin1Char('\n'));
 }
 
+/// Where the plug-in looks for its texts.
+QString translationsDir()
+{
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/translations"));
+}
+
 /// Shows the window, in a view when it is to be smaller than it is.
 std::unique_ptr<QWidget> show(ConsoleWindow *window, const Options &options)
 {
@@ -54,6 +68,16 @@ std::unique_ptr<QWidget> show(ConsoleWindow *window, const Options &options)
         view = std::make_unique<ScaledView>(window, factor);
     (view ? view.get() : window)->show();
     return view;
+}
+
+/// The window shows the processor's hardware, and what is done there goes to the processor.
+void join(ConsoleWindow *window, SimulatedProcessor *processor)
+{
+    QObject::connect(processor, &SimulatedProcessor::hardwareChanged, window, &ConsoleWindow::showHardware);
+    QObject::connect(window, &ConsoleWindow::switchOnRequested, processor, &SimulatedProcessor::switchOn);
+    QObject::connect(window->hardwarePanel(), &HardwarePanel::dviSignalSwitched, processor,
+                     &SimulatedProcessor::setDviSignal);
+    window->showHardware(processor->hardware());
 }
 
 /// Does what was asked for once the console is shown.
@@ -89,11 +113,15 @@ int showConsole(int argc, char *argv[], const Options &options)
                        QStringLiteral("no plug-in in %1 supplies a console").arg(options.pluginDir)});
     }
 
+    ApplicationLanguage language(plugin, settings.store(), translationsDir());
     SimulatedProcessor processor;
     ConsoleSession session(plugin, &processor);
     session.start();
 
     ConsoleWindow window(session.halves());
+    join(&window, &processor);
+    window.hardwarePanel()->toolPlace()->addWidget(new LanguageMenu(&language));
+    const KeypadTrigger keypad(&window);
     QObject::connect(&window, &ConsoleWindow::shown, &window, [&] { finishStart(&window, options); });
     const auto view = show(&window, options);
 

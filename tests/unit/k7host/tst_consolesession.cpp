@@ -12,6 +12,7 @@ using K7Host::ConsoleSession;
 using K7Host::DeviceLink;
 using K7Host::FakeKeyboard;
 using K7Host::FakeKeyboardPlugin;
+using K7Host::Lamp;
 
 namespace {
 
@@ -21,10 +22,47 @@ public:
     void keyPressed(quint32 code) override { pressed << code; }
     void keyReleased(quint32 code) override { released << code; }
     void refresh() override { ++refreshCount; }
+    void consoleClosed() override { write("consoleClosed"); }
+    void leverMoved(quint16 value, bool isBottomToTop) override
+    {
+        write("leverMoved", int(value), isBottomToTop);
+    }
+    void lampChanged(Lamp lamp, bool isOn, quint8 brightness) override
+    {
+        write("lampChanged", static_cast<int>(lamp), isOn, int(brightness));
+    }
+    void peripheralScreensChanged(int count, int operationScreen, const QVector<quint16> &sizes) override
+    {
+        QVariantList numbers;
+        for (const quint16 size : sizes)
+            numbers << int(size);
+        write("peripheralScreensChanged", count, operationScreen, QVariant(numbers));
+    }
+    void addressesRequested(quint8 port) override { write("addressesRequested", int(port)); }
+    void addressesEntered(const QString &interfaceName, const QString &ip, const QString &mask,
+                          const QString &gateway) override
+    {
+        write("addressesEntered", interfaceName, ip, mask, gateway);
+    }
+    void addressChangeRequested(quint8 port, quint8 mode) override
+    {
+        write("addressChangeRequested", int(port), int(mode));
+    }
+    void clockSet(const QString &date, const QString &time) override { write("clockSet", date, time); }
+    void timeTypeChanged(int type) override { write("timeTypeChanged", type); }
+    void restartRequested(quint8 type) override { write("restartRequested", int(type)); }
 
+    QVector<QVariantList> events; // name and arguments
     QVector<quint32> pressed;
     QVector<quint32> released;
     int refreshCount = 0;
+
+private:
+    template <typename... Arguments>
+    void write(const char *name, Arguments... arguments)
+    {
+        events << QVariantList{QString::fromLatin1(name), QVariant(arguments)...};
+    }
 };
 
 template <typename Record>
@@ -36,10 +74,12 @@ std::shared_ptr<void> emitRecord(DeviceLink *link, void (DeviceLink::*report)(st
 }
 
 using Emit = std::shared_ptr<void> (*)(DeviceLink *);
+using EmitEvent = void (*)(FakeKeyboardPlugin *);
 
 } // namespace
 
 Q_DECLARE_METATYPE(Emit)
+Q_DECLARE_METATYPE(EmitEvent)
 
 class tst_ConsoleSession : public QObject
 {
@@ -54,6 +94,10 @@ private slots:
     void halvesAreLeftThenRight();
     void keysOfThePluginReachTheLink();
     void aChangedModeAsksForEveryRecord();
+    void everyEventReachesTheLink_data();
+    void everyEventReachesTheLink();
+    void eventsBeforeTheStartReachTheLink();
+    void theLinkIsToldThatTheConsoleGoes();
     void bothHalvesGetEveryRecord_data();
     void bothHalvesGetEveryRecord();
     void nullRecordsArePassedOn();
@@ -143,6 +187,81 @@ void tst_ConsoleSession::aChangedModeAsksForEveryRecord()
     m_session->start();
     emit m_plugin->signalKorvoPluginModeChanged();
     QCOMPARE(m_link->refreshCount, 2);
+}
+
+void tst_ConsoleSession::everyEventReachesTheLink_data()
+{
+    QTest::addColumn<EmitEvent>("emitOne");
+    QTest::addColumn<QVariantList>("expectedEvent");
+    const auto text = [](const char *string) { return QString::fromLatin1(string); };
+    const auto row = [](const char *name, EmitEvent emitOne, const QVariantList &expectedEvent) {
+        QTest::newRow(name) << emitOne << expectedEvent;
+    };
+    row("gooseneck",
+        [](FakeKeyboardPlugin *plugin) { emit plugin->signalGrooseneckLightStatusChanged(true, 12); },
+        {text("lampChanged"), static_cast<int>(Lamp::Gooseneck), true, 12});
+    row("front", [](FakeKeyboardPlugin *plugin) { emit plugin->signalFrontLightStatusChanged(false, 10); },
+        {text("lampChanged"), static_cast<int>(Lamp::Front), false, 10});
+    row("LCD", [](FakeKeyboardPlugin *plugin) { emit plugin->signalSideLightStatusChanged(true, 1); },
+        {text("lampChanged"), static_cast<int>(Lamp::Lcd), true, 1});
+    row("logo", [](FakeKeyboardPlugin *plugin) { emit plugin->signalLogoLightStatusChanged(true, 15); },
+        {text("lampChanged"), static_cast<int>(Lamp::Logo), true, 15});
+    row("screens",
+        [](FakeKeyboardPlugin *plugin) {
+            emit plugin->signalSetPeripheralDataChange(1, -1, {1920, 1080});
+        },
+        {text("peripheralScreensChanged"), 1, -1, QVariant(QVariantList{1920, 1080})});
+    row("time",
+        [](FakeKeyboardPlugin *plugin) {
+            emit plugin->signalUpdateSystemTime(QStringLiteral("2026-1-2"), QStringLiteral("3:4:5"));
+        },
+        {text("clockSet"), text("2026-1-2"), text("3:4:5")});
+    row("time type", [](FakeKeyboardPlugin *plugin) { emit plugin->signalTimeTypeChanged(1); },
+        {text("timeTypeChanged"), 1});
+    row("addresses",
+        [](FakeKeyboardPlugin *plugin) {
+            emit plugin->signalUpdateSystemIP(QStringLiteral("eth0"), QStringLiteral("10.0.0.2"),
+                                              QStringLiteral("255.0.0.0"), QStringLiteral("10.0.0.1"));
+        },
+        {text("addressesEntered"), text("eth0"), text("10.0.0.2"), text("255.0.0.0"), text("10.0.0.1")});
+    row("address change", [](FakeKeyboardPlugin *plugin) { emit plugin->signalIPModeChanged(0, 1); },
+        {text("addressChangeRequested"), 0, 1});
+    row("address request", [](FakeKeyboardPlugin *plugin) { emit plugin->signalReqECDeviceIP(1); },
+        {text("addressesRequested"), 1});
+    row("lever", [](FakeKeyboardPlugin *plugin) { emit plugin->ecTBarValueChanged(1200, true); },
+        {text("leverMoved"), 1200, true});
+    row("restart", [](FakeKeyboardPlugin *plugin) { emit plugin->signalRestartControlEvent(1); },
+        {text("restartRequested"), 1});
+}
+
+void tst_ConsoleSession::everyEventReachesTheLink()
+{
+    QFETCH(EmitEvent, emitOne);
+    QFETCH(QVariantList, expectedEvent);
+    m_session->start();
+    emitOne(m_plugin.data());
+    QCOMPARE(m_link->events, QVector<QVariantList>{expectedEvent});
+    QCOMPARE(m_link->refreshCount, 1);
+
+    m_session.reset();
+    m_link->events.clear();
+    emitOne(m_plugin.data());
+    QVERIFY(m_link->events.isEmpty());
+}
+
+void tst_ConsoleSession::eventsBeforeTheStartReachTheLink()
+{
+    // A console tells of its lamps while it makes its halves.
+    emit m_plugin->signalSideLightStatusChanged(true, 10);
+    QCOMPARE(m_link->events.size(), 1);
+}
+
+void tst_ConsoleSession::theLinkIsToldThatTheConsoleGoes()
+{
+    m_session->start();
+    QVERIFY(m_link->events.isEmpty());
+    m_session.reset();
+    QCOMPARE(m_link->events, (QVector<QVariantList>{{QStringLiteral("consoleClosed")}}));
 }
 
 void tst_ConsoleSession::bothHalvesGetEveryRecord_data()

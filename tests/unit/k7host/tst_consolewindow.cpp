@@ -4,7 +4,12 @@
 #include "fakekeyboard.h"
 
 #include <consolewindow.h>
+#include <hardwarepanel.h>
+#include <powercover.h>
 
+#include <korvo/ec/k7dropbutton.h>
+
+#include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -12,10 +17,23 @@
 using K7Host::ConsoleWindow;
 using K7Host::FakeKeyboard;
 using K7Host::FakeKeyboardPlugin;
+using K7Host::HardwarePanel;
+using K7Host::HardwareState;
+using K7Host::Power;
+using K7Host::PowerCover;
 
 using Half = QSharedPointer<FakeKeyboard>;
 
 static const int Seam = 16; // between the halves
+
+static HardwareState stateOf(Power power)
+{
+    HardwareState state;
+    state.power = power;
+    return state;
+}
+
+Q_DECLARE_METATYPE(K7Host::Power)
 
 class tst_ConsoleWindow : public QObject
 {
@@ -35,6 +53,17 @@ private slots:
     void theHalvesOutliveTheWindow();
     void aHalfMayGoBeforeTheWindow();
     void halvesThatAreGoneAreLeftOut();
+    void thePanelStandsBelowTheLeftHalfWhereItHasRoom_data();
+    void thePanelStandsBelowTheLeftHalfWhereItHasRoom();
+    void thePictureShowsTheHalvesOnly_data();
+    void thePictureShowsTheHalvesOnly();
+    void thePanelShowsTheHardware();
+    void withoutPowerTheHalvesAreCovered_data();
+    void withoutPowerTheHalvesAreCovered();
+    void aHeldKeyComesUpWhenItIsCovered();
+    void coveredKeysTakeNoInput();
+    void aConsoleThatIsOffCanBeSwitchedOn();
+    void comingBackShowsTheHalvesAgain();
 };
 
 void tst_ConsoleWindow::theHalvesStandSideBySideWithTheirTopsAligned()
@@ -218,6 +247,184 @@ void tst_ConsoleWindow::halvesThatAreGoneAreLeftOut()
     const ConsoleWindow window(halves);
     QCOMPARE(plugin.right->geometry(), QRect(0, 0, 1719, 1050));
     QCOMPARE(window.size(), QSize(1719, 1050));
+}
+
+void tst_ConsoleWindow::thePanelStandsBelowTheLeftHalfWhereItHasRoom_data()
+{
+    QTest::addColumn<QSize>("left");
+    QTest::addColumn<QSize>("right");
+    QTest::addColumn<QRect>("expectedPlace"); // null: hidden
+    QTest::newRow("as drawn") << QSize(1754, 826) << QSize(1719, 1050) << QRect(0, 842, 1754, 208);
+    QTest::newRow("left half taller") << QSize(1754, 848) << QSize(1719, 1050) << QRect(0, 864, 1754, 186);
+    QTest::newRow("too low") << QSize(1754, 980) << QSize(1719, 1050) << QRect();
+    QTest::newRow("too narrow") << QSize(800, 500) << QSize(1719, 1050) << QRect();
+    QTest::newRow("right half lower") << QSize(1754, 826) << QSize(1719, 600) << QRect();
+}
+
+void tst_ConsoleWindow::thePanelStandsBelowTheLeftHalfWhereItHasRoom()
+{
+    QFETCH(QSize, left);
+    QFETCH(QSize, right);
+    QFETCH(QRect, expectedPlace);
+    const Half leftHalf(new FakeKeyboard(Qt::red, left));
+    const Half rightHalf(new FakeKeyboard(Qt::blue, right));
+    ConsoleWindow window({leftHalf, rightHalf});
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const HardwarePanel *panel = window.hardwarePanel();
+    QCOMPARE(panel->isVisible(), expectedPlace.isValid());
+    if (panel->isVisible())
+        QCOMPARE(panel->geometry(), expectedPlace);
+    QCOMPARE(window.size(), QSize(left.width() + Seam + right.width(), qMax(left.height(), right.height())));
+}
+
+void tst_ConsoleWindow::thePictureShowsTheHalvesOnly_data()
+{
+    QTest::addColumn<Power>("power");
+    QTest::newRow("on") << Power::On;
+    QTest::newRow("off") << Power::Off;
+}
+
+void tst_ConsoleWindow::thePictureShowsTheHalvesOnly()
+{
+    QFETCH(Power, power);
+    const FakeKeyboardPlugin plugin;
+    ConsoleWindow window(plugin.keyboards());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(window.hardwarePanel()->isVisible());
+    window.showHardware(stateOf(power));
+    const QImage picture = window.picture(1);
+    const QRgb background = picture.pixel(1760, 10);
+    QCOMPARE(picture.copy(0, 826, 1754, 224), [background] {
+        QImage plain(1754, 224, QImage::Format_RGB32);
+        plain.fill(background);
+        return plain;
+    }());
+    QCOMPARE(picture.pixelColor(800, 400), QColor(Qt::darkRed));
+    QCOMPARE(picture.pixelColor(2500, 400), QColor(Qt::darkBlue));
+}
+
+void tst_ConsoleWindow::thePanelShowsTheHardware()
+{
+    const FakeKeyboardPlugin plugin;
+    ConsoleWindow window(plugin.keyboards());
+    HardwareState state;
+    state.screens.sizes = {QSize(1, 2), QSize(3, 4)};
+    window.showHardware(state);
+    const auto *count = window.hardwarePanel()->findChild<QLabel *>(QStringLiteral("screenCountLabel"));
+    QVERIFY(count);
+    QCOMPARE(count->text(), QStringLiteral("2"));
+}
+
+void tst_ConsoleWindow::withoutPowerTheHalvesAreCovered_data()
+{
+    QTest::addColumn<Power>("power");
+    QTest::addColumn<QString>("expectedText");
+    QTest::addColumn<bool>("expectedButton");
+    QTest::newRow("restarting") << Power::Restarting << QStringLiteral("Restarting \u2026") << false;
+    QTest::newRow("off") << Power::Off << QStringLiteral("The console is off") << true;
+}
+
+void tst_ConsoleWindow::withoutPowerTheHalvesAreCovered()
+{
+    QFETCH(Power, power);
+    const FakeKeyboardPlugin plugin;
+    ConsoleWindow window(plugin.keyboards());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const auto *cover = window.findChild<PowerCover *>();
+    QVERIFY(cover);
+    QVERIFY(!cover->isVisible());
+
+    window.showHardware(stateOf(power));
+    QVERIFY(cover->isVisible());
+    const QImage image = window.grab().toImage();
+    for (const QPoint &point : {QPoint(5, 5), QPoint(1700, 800), QPoint(1760, 5), QPoint(3480, 1040)})
+        QVERIFY2(image.pixelColor(point).lightness() < 12, qPrintable(image.pixelColor(point).name()));
+    QVERIFY(window.hardwarePanel()->isVisible());
+    const QPoint onPanel = window.hardwarePanel()->geometry().center();
+    QVERIFY(window.hardwarePanel()->isAncestorOf(window.childAt(onPanel)) ||
+            window.childAt(onPanel) == window.hardwarePanel());
+
+    const auto *reason = cover->findChild<QLabel *>();
+    const auto *button = cover->findChild<QPushButton *>();
+    QVERIFY(reason && button);
+    QTEST(reason->text(), "expectedText");
+    QTEST(button->isVisible(), "expectedButton");
+}
+
+void tst_ConsoleWindow::aHeldKeyComesUpWhenItIsCovered()
+{
+    const FakeKeyboardPlugin plugin;
+    plugin.keyboards();
+    Korvo::EC::K7DropButton key(plugin.left.data());
+    key.resize(60, 60);
+    ConsoleWindow window(plugin.keyboards());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const QSignalSpy released(&key, &QAbstractButton::released);
+    QTest::mousePress(&key, Qt::LeftButton);
+    QVERIFY(key.isDown());
+    window.showHardware(stateOf(Power::Restarting));
+    QCOMPARE(released.count(), 1);
+    QVERIFY(!key.isDown());
+    QTest::mouseRelease(&key, Qt::LeftButton);
+    QCOMPARE(released.count(), 1);
+}
+
+void tst_ConsoleWindow::coveredKeysTakeNoInput()
+{
+    const FakeKeyboardPlugin plugin;
+    plugin.keyboards();
+    QPushButton key(plugin.left.data());
+    key.setGeometry(100, 100, 60, 60);
+    ConsoleWindow window(plugin.keyboards());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const QSignalSpy pressed(&key, &QAbstractButton::pressed);
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, QPoint(130, 130));
+    QCOMPARE(pressed.count(), 1);
+    key.setFocus();
+
+    window.showHardware(stateOf(Power::Restarting));
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, QPoint(130, 130));
+    QTest::keyClick(window.windowHandle(), Qt::Key_Space);
+    for (int i = 0; i < 3; ++i) {
+        QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+        QTest::keyClick(window.windowHandle(), Qt::Key_Space);
+    }
+    QVERIFY(!key.hasFocus());
+    QCOMPARE(pressed.count(), 1);
+}
+
+void tst_ConsoleWindow::aConsoleThatIsOffCanBeSwitchedOn()
+{
+    const FakeKeyboardPlugin plugin;
+    ConsoleWindow window(plugin.keyboards());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const QSignalSpy asked(&window, &ConsoleWindow::switchOnRequested);
+    window.showHardware(stateOf(Power::Restarting));
+    window.showHardware(stateOf(Power::Off));
+    auto *button = window.findChild<PowerCover *>()->findChild<QPushButton *>();
+    QVERIFY(button && button->isVisible());
+    QTest::mouseClick(button, Qt::LeftButton);
+    QCOMPARE(asked.count(), 1);
+}
+
+void tst_ConsoleWindow::comingBackShowsTheHalvesAgain()
+{
+    const FakeKeyboardPlugin plugin;
+    ConsoleWindow window(plugin.keyboards());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    window.showHardware(stateOf(Power::Off));
+    window.showHardware(stateOf(Power::On));
+    QVERIFY(!window.findChild<PowerCover *>()->isVisible());
+    QCOMPARE(window.grab().toImage().pixelColor(5, 5), QColor(Qt::darkRed));
+    QVERIFY(window.hasFocus());
+    QTest::keyClick(&window, Qt::Key_Tab); // the focus moves again
 }
 
 QTEST_MAIN(tst_ConsoleWindow)

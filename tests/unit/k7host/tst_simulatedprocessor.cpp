@@ -1,9 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The K7 keyboard authors
 // SPDX-License-Identifier: MIT
 
+#include <networkaddress.h>
 #include <simulatedprocessor.h>
 
+#include <QMutex>
 #include <QTest>
+#include <QThread>
 #include <QTimer>
 
 #include <functional>
@@ -47,16 +50,52 @@ private slots:
     void aLeverMovedByAReceiverIsFollowedByNothingOutdated();
     void aRefreshAskedForByAReceiverSendsEverything();
 
+    void refreshSendsTheSignalsToo();
+    void aSwitchedDviSignalIsTold_data();
+    void aSwitchedDviSignalIsTold();
+    void addressRequestsAreAnsweredAfterAWhile_data();
+    void addressRequestsAreAnsweredAfterAWhile();
+    void requestsForOtherPortsAreIgnored_data();
+    void requestsForOtherPortsAreIgnored();
+    void oneAnswerIsForAllWhoAskMeanwhile();
+    void changedAddressesTakeTheLinkDownForAWhile_data();
+    void changedAddressesTakeTheLinkDownForAWhile();
+    void refusedAddressesLeaveTheOldOnes();
+    void aSecondChangeWhileTheLinkIsDownHoldsInTheEnd();
+    void theHardwareFollowsTheConsole();
+    void theClockRunsOnFromWhatIsEntered();
+    void aRestartGoesDarkAndComesBack();
+    void aShutdownStaysDarkUntilItIsSwitchedOn();
+    void unknownRestartTypesAreIgnored();
+    void whileItIsDarkNothingIsAnswered_data();
+    void whileItIsDarkNothingIsAnswered();
+    void goingDarkStopsWhatIsPending();
+    void aTransitionGoesOnAfterARestart();
+    void timersRunOnlyWhileSomethingIsPending();
+    void afterTheConsoleIsClosedNothingIsSent();
+    void itCanGoWithAnswersPending();
+
 private:
+    using Ip = std::shared_ptr<Korvo::ECDeviceIPData>;
+
     void press(quint32 key) { m_processor->keyPressed(KeyCodeOffset + key); }
     void advanceFrame() { QVERIFY(QMetaObject::invokeMethod(m_processor.data(), "advanceFrame")); }
-    bool isTimerActive() const;
+    QTimer *timer(const char *name) const;
+    bool isTimerActive(const char *name = "frame") const { return timer(name)->isActive(); }
+    QStringList activeTimers() const;
+    QVector<Ip> ips() const;
+    void waitForIps(int count);
     void forget();
 
     QScopedPointer<SimulatedProcessor> m_processor;
     QVector<std::shared_ptr<Korvo::ECButtonColor>> m_colors;
     QVector<std::shared_ptr<Korvo::ECOLEDText>> m_texts;
     QVector<std::shared_ptr<Korvo::ECTBarValue>> m_levers;
+    QVector<std::shared_ptr<Korvo::DVIInSignal>> m_dviSignals;
+    QVector<std::shared_ptr<Korvo::PeripheralControlVisibleState>> m_visibilities;
+    mutable QMutex m_ipMutex; // guards the next two, which come from other threads too
+    QVector<Ip> m_ips;
+    QVector<const QThread *> m_ipThreads;
     std::function<void()> m_receiver; // called once, after the first record
 };
 
@@ -91,6 +130,11 @@ Levers toList(const QVector<std::shared_ptr<Korvo::ECTBarValue>> &records)
     for (const auto &record : records)
         levers.append({static_cast<int>(record->Value), record->IsBottomToTop != 0});
     return levers;
+}
+
+QString text(const char *string)
+{
+    return QString::fromUtf8(string);
 }
 
 ConsoleModel modelAfter(const QVector<quint32> &keys)
@@ -131,6 +175,20 @@ void tst_SimulatedProcessor::init()
                 m_levers << record;
                 callReceiver();
             });
+    connect(m_processor.data(), &DeviceLink::dviSignalReported, this,
+            [this](const std::shared_ptr<Korvo::DVIInSignal> &record) { m_dviSignals << record; });
+    connect(m_processor.data(), &DeviceLink::peripheralVisibilityReported, this,
+            [this](const std::shared_ptr<Korvo::PeripheralControlVisibleState> &record) {
+                m_visibilities << record;
+            });
+    connect(
+        m_processor.data(), &DeviceLink::deviceIPReported, this,
+        [this](const Ip &record) {
+            const QMutexLocker locker(&m_ipMutex);
+            m_ips << record;
+            m_ipThreads << QThread::currentThread();
+        },
+        Qt::DirectConnection);
 }
 
 void tst_SimulatedProcessor::cleanup()
@@ -138,9 +196,35 @@ void tst_SimulatedProcessor::cleanup()
     m_processor.reset();
 }
 
-bool tst_SimulatedProcessor::isTimerActive() const
+QTimer *tst_SimulatedProcessor::timer(const char *name) const
 {
-    return m_processor->findChild<QTimer *>()->isActive();
+    return m_processor->findChild<QTimer *>(text(name));
+}
+
+QStringList tst_SimulatedProcessor::activeTimers() const
+{
+    QStringList names;
+    const auto timers = m_processor->findChildren<QTimer *>();
+    for (const QTimer *timer : timers) {
+        if (timer->isActive())
+            names << timer->objectName();
+    }
+    names.sort();
+    return names;
+}
+
+QVector<tst_SimulatedProcessor::Ip> tst_SimulatedProcessor::ips() const
+{
+    const QMutexLocker locker(&m_ipMutex);
+    return m_ips;
+}
+
+/// Waits until there are \a count address records, and takes their timers' time away.
+void tst_SimulatedProcessor::waitForIps(int count)
+{
+    for (const char *name : {"answer0", "answer1", "link0", "link1"})
+        timer(name)->setInterval(0);
+    QTRY_COMPARE(ips().size(), count);
 }
 
 void tst_SimulatedProcessor::forget()
@@ -148,6 +232,11 @@ void tst_SimulatedProcessor::forget()
     m_colors.clear();
     m_texts.clear();
     m_levers.clear();
+    m_dviSignals.clear();
+    m_visibilities.clear();
+    const QMutexLocker locker(&m_ipMutex);
+    m_ips.clear();
+    m_ipThreads.clear();
 }
 
 void tst_SimulatedProcessor::nothingIsSentUnasked()
@@ -348,25 +437,21 @@ void tst_SimulatedProcessor::theTimerRunsOnlyWhileTheLeverMoves()
 
 void tst_SimulatedProcessor::theTimerMovesTheLever()
 {
-    QTimer *timer = m_processor->findChild<QTimer *>();
-    QVERIFY(timer);
-    QCOMPARE(timer->interval(), 40);
-    timer->setInterval(0);
+    QCOMPARE(timer("frame")->interval(), 40);
+    timer("frame")->setInterval(0);
     press(Take);
-    QTRY_VERIFY(!timer->isActive());
+    QTRY_VERIFY(!isTimerActive());
     QCOMPARE(m_levers.size(), 25);
     QCOMPARE(toList(m_levers).constLast(), qMakePair(1200, true));
 }
 
 void tst_SimulatedProcessor::theTimerKeepsItsBeatWhileKeysArePressed()
 {
-    const QTimer *timer = m_processor->findChild<QTimer *>();
-    QVERIFY(timer);
     press(Take);
-    const int id = timer->timerId();
+    const int id = timer("frame")->timerId();
     press(38);
     m_processor->refresh();
-    QCOMPARE(timer->timerId(), id); // another one if it had been started again
+    QCOMPARE(timer("frame")->timerId(), id); // another one if it had been started again
 }
 
 void tst_SimulatedProcessor::aLockedTBarSendsNoMoreOfTheLever()
@@ -498,6 +583,380 @@ void tst_SimulatedProcessor::aRefreshAskedForByAReceiverSendsEverything()
     QCOMPARE(m_texts.size(), 93);
     QCOMPARE(m_levers.size(), 1);
     QCOMPARE(toMap(m_colors), modelAfter({38}).keyColors());
+}
+
+void tst_SimulatedProcessor::refreshSendsTheSignalsToo()
+{
+    m_processor->refresh();
+    QCOMPARE(m_visibilities.size(), 1);
+    QCOMPARE(m_visibilities.first()->visible, quint8(1));
+    QCOMPARE(m_dviSignals.size(), 2);
+    QCOMPARE(m_dviSignals.at(0)->Index, quint8(0));
+    QCOMPARE(m_dviSignals.at(0)->Signal, quint8(1));
+    QCOMPARE(m_dviSignals.at(1)->Index, quint8(1));
+    QCOMPARE(m_dviSignals.at(1)->Signal, quint8(0));
+    waitForIps(2);
+    QVERIFY(ips().at(0)->Index != ips().at(1)->Index);
+}
+
+void tst_SimulatedProcessor::aSwitchedDviSignalIsTold_data()
+{
+    QTest::addColumn<int>("input");
+    QTest::addColumn<bool>("hasSignal");
+    QTest::addColumn<int>("expectedCount");
+    QTest::newRow("0 loses it") << 0 << false << 1;
+    QTest::newRow("1 gets one") << 1 << true << 1;
+    QTest::newRow("0 keeps it") << 0 << true << 0;
+    QTest::newRow("1 has none still") << 1 << false << 0;
+    QTest::newRow("no such input") << 2 << true << 0;
+    QTest::newRow("negative") << -1 << true << 0;
+}
+
+void tst_SimulatedProcessor::aSwitchedDviSignalIsTold()
+{
+    QFETCH(int, input);
+    QFETCH(bool, hasSignal);
+    int changed = 0;
+    connect(m_processor.data(), &SimulatedProcessor::hardwareChanged, this, [&changed] { ++changed; });
+    m_processor->setDviSignal(input, hasSignal);
+    QTEST(m_dviSignals.size(), "expectedCount");
+    QTEST(changed, "expectedCount");
+    if (!m_dviSignals.isEmpty()) {
+        QCOMPARE(int(m_dviSignals.first()->Index), input);
+        QCOMPARE(m_dviSignals.first()->Signal != 0, hasSignal);
+    }
+}
+
+void tst_SimulatedProcessor::addressRequestsAreAnsweredAfterAWhile_data()
+{
+    QTest::addColumn<int>("port");
+    QTest::addColumn<QString>("expectedIp");
+    QTest::addColumn<QString>("expectedGateway");
+    QTest::addColumn<bool>("expectedFromElsewhere");
+    QTest::newRow("0, from another thread") << 0 << text("192.168.2.13") << text("192.168.2.1") << true;
+    QTest::newRow("1, from the same thread") << 1 << text("192.168.1.13") << text("192.168.1.1") << false;
+}
+
+void tst_SimulatedProcessor::addressRequestsAreAnsweredAfterAWhile()
+{
+    QFETCH(int, port);
+    QFETCH(bool, expectedFromElsewhere);
+    m_processor->addressesRequested(static_cast<quint8>(port));
+    QVERIFY(ips().isEmpty());
+    QTimer *answer = timer(port == 0 ? "answer0" : "answer1");
+    QVERIFY(answer->isActive());
+    QCOMPARE(answer->interval(), 40);
+    QTRY_COMPARE(ips().size(), 1);
+    QVERIFY(!answer->isActive());
+    const Ip record = ips().first();
+    QCOMPARE(int(record->Index), port);
+    QCOMPARE(record->Status, quint8(1));
+    QTEST(addressText(record->IP), "expectedIp");
+    QCOMPARE(addressText(record->Mask), text("255.255.255.0"));
+    QTEST(addressText(record->Gateway), "expectedGateway");
+    const QMutexLocker locker(&m_ipMutex);
+    QCOMPARE(m_ipThreads.first() != QThread::currentThread(), expectedFromElsewhere);
+}
+
+void tst_SimulatedProcessor::requestsForOtherPortsAreIgnored_data()
+{
+    QTest::addColumn<int>("port");
+    QTest::newRow("2") << 2;
+    QTest::newRow("255") << 255;
+}
+
+void tst_SimulatedProcessor::requestsForOtherPortsAreIgnored()
+{
+    QFETCH(int, port);
+    m_processor->addressesRequested(static_cast<quint8>(port));
+    m_processor->addressChangeRequested(static_cast<quint8>(port), 1);
+    QCOMPARE(activeTimers(), QStringList());
+    QVERIFY(ips().isEmpty());
+}
+
+void tst_SimulatedProcessor::oneAnswerIsForAllWhoAskMeanwhile()
+{
+    m_processor->addressesRequested(1);
+    const int id = timer("answer1")->timerId();
+    m_processor->addressesRequested(1);
+    QCOMPARE(timer("answer1")->timerId(), id); // those who ask often wait no longer
+    m_processor->addressesRequested(0);
+    QTRY_COMPARE(ips().size(), 2);
+    QCOMPARE(activeTimers(), QStringList());
+}
+
+void tst_SimulatedProcessor::changedAddressesTakeTheLinkDownForAWhile_data()
+{
+    QTest::addColumn<QString>("interfaceName");
+    QTest::addColumn<int>("port");
+    QTest::newRow("eth2") << text("eth2") << 0;
+    QTest::newRow("eth0") << text("eth0") << 1;
+}
+
+void tst_SimulatedProcessor::changedAddressesTakeTheLinkDownForAWhile()
+{
+    QFETCH(QString, interfaceName);
+    QFETCH(int, port);
+    QTimer *link = timer(port == 0 ? "link0" : "link1");
+    QCOMPARE(link->interval(), 1000);
+    m_processor->addressesEntered(interfaceName, text("10.0.0.2"), text("255.0.0.0"), text("10.0.0.1"));
+    QVERIFY(ips().isEmpty());
+    QVERIFY(!link->isActive());
+
+    link->setInterval(0);
+    m_processor->addressChangeRequested(static_cast<quint8>(port), 1);
+    QVERIFY(link->isActive());
+    QVERIFY(!m_processor->hardware().ports.at(static_cast<std::size_t>(port)).isUp);
+    waitForIps(2);
+    QVERIFY(!link->isActive());
+    for (int i = 0; i < 2; ++i) {
+        const Ip record = ips().at(i);
+        QCOMPARE(int(record->Index), port);
+        QCOMPARE(int(record->Status), i); // down, then up
+        QCOMPARE(addressText(record->IP), text("10.0.0.2"));
+        QCOMPARE(addressText(record->Mask), text("255.0.0.0"));
+        QCOMPARE(addressText(record->Gateway), text("10.0.0.1"));
+    }
+}
+
+void tst_SimulatedProcessor::refusedAddressesLeaveTheOldOnes()
+{
+    m_processor->addressesEntered(text("eth0"), text("10.0.0"), text("255.0.0.0"), text("10.0.0.1"));
+    m_processor->addressChangeRequested(1, 1);
+    QCOMPARE(activeTimers(), QStringList());
+    QCOMPARE(ips().size(), 1);
+    QCOMPARE(addressText(ips().first()->IP), text("192.168.1.13"));
+    QCOMPARE(ips().first()->Status, quint8(1));
+}
+
+void tst_SimulatedProcessor::aSecondChangeWhileTheLinkIsDownHoldsInTheEnd()
+{
+    for (const char *ip : {"10.0.0.2", "10.0.0.3"}) {
+        m_processor->addressesEntered(text("eth0"), text(ip), text("255.0.0.0"), text("10.0.0.1"));
+        m_processor->addressChangeRequested(1, 1);
+    }
+    waitForIps(3);
+    QCOMPARE(addressText(ips().last()->IP), text("10.0.0.3"));
+    QCOMPARE(ips().last()->Status, quint8(1));
+    QCOMPARE(ips().at(1)->Status, quint8(0));
+}
+
+void tst_SimulatedProcessor::theHardwareFollowsTheConsole()
+{
+    int changed = 0;
+    connect(m_processor.data(), &SimulatedProcessor::hardwareChanged, this, [&changed] { ++changed; });
+    m_processor->lampChanged(Lamp::Gooseneck, true, 12);
+    m_processor->peripheralScreensChanged(2, 1, {1920, 1080, 1280, 720});
+    m_processor->timeTypeChanged(1);
+    QCOMPARE(changed, 3);
+    const HardwareState &state = m_processor->hardware();
+    QVERIFY(state.lamps.at(0).isOn);
+    QCOMPARE(state.lamps.at(0).brightness, 12);
+    QCOMPARE(state.screens.sizes, (QVector<QSize>{{1920, 1080}, {1280, 720}}));
+    QCOMPARE(state.screens.operationScreen, 1);
+    QVERIFY(state.timeType == TimeType::Hours12);
+}
+
+void tst_SimulatedProcessor::theClockRunsOnFromWhatIsEntered()
+{
+    const QDateTime before = QDateTime::currentDateTime();
+    m_processor->clockSet(text("2030-1-2"), text("3:4:5"));
+    const QDateTime after = QDateTime::currentDateTime();
+    const QDateTime entered(QDate(2030, 1, 2), QTime(3, 4, 5), Qt::UTC);
+    // The host's clock was at the entered time somewhere in between.
+    QVERIFY(m_processor->hardware().clock(before) <= entered);
+    QVERIFY(m_processor->hardware().clock(after) >= entered);
+    QCOMPARE(m_processor->hardware().clock(after).toMSecsSinceEpoch() -
+                 m_processor->hardware().clock(before).toMSecsSinceEpoch(),
+             before.msecsTo(after));
+
+    const qint64 offset = m_processor->hardware().clockOffsetMs;
+    m_processor->clockSet(text("never"), text("3:4:5"));
+    QCOMPARE(m_processor->hardware().clockOffsetMs, offset);
+}
+
+void tst_SimulatedProcessor::aRestartGoesDarkAndComesBack()
+{
+    press(38);
+    m_processor->refresh();
+    const KeyColors colors = toMap(m_colors);
+    const LabelTexts texts = toMap(m_texts);
+    waitForIps(2);
+    forget();
+    m_processor->restartRequested(Korvo::Restart);
+    QVERIFY(m_processor->hardware().power == Power::Restarting);
+    KeyColors shownColors = colors;
+    addAll(&shownColors, toMap(m_colors));
+    for (const QRgb color : qAsConst(shownColors))
+        QCOMPARE(color, KeyColor::Idle);
+    LabelTexts shownTexts = texts;
+    addAll(&shownTexts, toMap(m_texts));
+    for (const QString &shown : qAsConst(shownTexts))
+        QCOMPARE(shown, QString());
+    QVERIFY(m_levers.isEmpty());
+    QCOMPARE(timer("restart")->interval(), 3000);
+    QCOMPARE(activeTimers(), QStringList{text("restart")});
+
+    forget();
+    timer("restart")->setInterval(0);
+    QTRY_VERIFY(m_processor->hardware().power == Power::On);
+    QCOMPARE(m_colors.size(), 136);
+    QCOMPARE(toMap(m_colors), colors);
+    QCOMPARE(m_texts.size(), 93);
+    QCOMPARE(toMap(m_texts), texts);
+    QCOMPARE(m_levers.size(), 1);
+    QCOMPARE(m_visibilities.size(), 1);
+    QCOMPARE(m_dviSignals.size(), 2);
+    QTRY_COMPARE(ips().size(), 2);
+    QCOMPARE(ips().first()->Status, quint8(1));
+    QCOMPARE(activeTimers(), QStringList());
+}
+
+void tst_SimulatedProcessor::aShutdownStaysDarkUntilItIsSwitchedOn()
+{
+    m_processor->switchOn(); // is on
+    QVERIFY(m_colors.isEmpty());
+    m_processor->restartRequested(Korvo::Shutdown);
+    QVERIFY(m_processor->hardware().power == Power::Off);
+    QVERIFY(!m_colors.isEmpty());
+    QCOMPARE(activeTimers(), QStringList());
+    QVERIFY(QMetaObject::invokeMethod(m_processor.data(), "finishRestart"));
+    QVERIFY(m_processor->hardware().power == Power::Off);
+
+    forget();
+    m_processor->switchOn();
+    QVERIFY(m_processor->hardware().power == Power::On);
+    QCOMPARE(toMap(m_colors), ConsoleModel().keyColors());
+    QCOMPARE(toMap(m_texts), ConsoleModel().labelTexts());
+}
+
+void tst_SimulatedProcessor::unknownRestartTypesAreIgnored()
+{
+    for (const int type : {2, 255})
+        m_processor->restartRequested(static_cast<quint8>(type));
+    QVERIFY(m_processor->hardware().power == Power::On);
+    QCOMPARE(activeTimers(), QStringList());
+    QVERIFY(m_colors.isEmpty());
+}
+
+void tst_SimulatedProcessor::whileItIsDarkNothingIsAnswered_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::newRow("restarting") << int(Korvo::Restart);
+    QTest::newRow("off") << int(Korvo::Shutdown);
+}
+
+void tst_SimulatedProcessor::whileItIsDarkNothingIsAnswered()
+{
+    QFETCH(int, type);
+    m_processor->restartRequested(static_cast<quint8>(type));
+    const QStringList timers = activeTimers();
+    forget();
+    for (quint32 key = 0; key < 256; ++key)
+        press(key);
+    m_processor->addressesRequested(0);
+    m_processor->addressesRequested(1);
+    m_processor->addressesEntered(text("eth0"), text("10.0.0.2"), text("255.0.0.0"), text("10.0.0.1"));
+    m_processor->addressChangeRequested(1, 1);
+    m_processor->setDviSignal(1, true);
+    m_processor->restartRequested(Korvo::Restart);
+    m_processor->restartRequested(Korvo::Shutdown);
+    advanceFrame();
+    QCOMPARE(activeTimers(), timers);
+    QVERIFY(m_colors.isEmpty());
+    QVERIFY(m_texts.isEmpty());
+    QVERIFY(m_dviSignals.isEmpty());
+    QVERIFY(ips().isEmpty());
+
+    m_processor->refresh();
+    QCOMPARE(m_colors.size(), 136);
+    QCOMPARE(toMap(m_colors).value(36), KeyColor::Idle);
+    QVERIFY(m_visibilities.isEmpty());
+    QVERIFY(ips().isEmpty());
+}
+
+void tst_SimulatedProcessor::goingDarkStopsWhatIsPending()
+{
+    press(Take);
+    m_processor->addressesRequested(0);
+    m_processor->addressesRequested(1);
+    m_processor->addressesEntered(text("eth0"), text("10.0.0.2"), text("255.0.0.0"), text("10.0.0.1"));
+    m_processor->addressChangeRequested(1, 1);
+    QCOMPARE(activeTimers(), (QStringList{text("answer0"), text("answer1"), text("frame"), text("link1")}));
+    m_processor->restartRequested(Korvo::Shutdown);
+    QCOMPARE(activeTimers(), QStringList());
+    forget();
+    m_processor->switchOn();
+    QTRY_COMPARE(ips().size(), 2);
+    for (const Ip &record : ips())
+        QCOMPARE(record->Status, quint8(1));
+}
+
+void tst_SimulatedProcessor::aTransitionGoesOnAfterARestart()
+{
+    press(Take);
+    advanceFrame();
+    m_processor->restartRequested(Korvo::Restart);
+    advanceFrame();
+    QVERIFY(!isTimerActive());
+    forget();
+    QVERIFY(QMetaObject::invokeMethod(m_processor.data(), "finishRestart"));
+    QVERIFY(isTimerActive());
+    QCOMPARE(toMap(m_colors).value(Take), KeyColor::Red);
+}
+
+void tst_SimulatedProcessor::timersRunOnlyWhileSomethingIsPending()
+{
+    QCOMPARE(m_processor->findChildren<QTimer *>().size(), 6);
+    m_processor->refresh();
+    m_processor->lampChanged(Lamp::Logo, true, 15);
+    m_processor->clockSet(text("2030-1-2"), text("3:4:5"));
+    m_processor->setDviSignal(1, true);
+    QCOMPARE(activeTimers(), QStringList());
+}
+
+void tst_SimulatedProcessor::afterTheConsoleIsClosedNothingIsSent()
+{
+    m_processor->refresh();
+    m_processor->addressesRequested(0);
+    m_processor->addressesRequested(1);
+    m_processor->consoleClosed();
+    forget();
+    press(38);
+    m_processor->setDviSignal(1, true);
+    m_processor->addressesEntered(text("eth0"), text("10.0.0.2"), text("255.0.0.0"), text("10.0.0.1"));
+    m_processor->addressChangeRequested(1, 1);
+    m_processor->restartRequested(Korvo::Restart);
+    QVERIFY(QMetaObject::invokeMethod(m_processor.data(), "finishRestart"));
+    m_processor->addressesRequested(0);
+    m_processor->addressesRequested(1);
+    for (const char *name : {"answer0", "answer1"})
+        timer(name)->setInterval(0);
+    QTRY_COMPARE(activeTimers(), QStringList{text("restart")});
+    QVERIFY(m_colors.isEmpty());
+    QVERIFY(m_texts.isEmpty());
+    QVERIFY(m_levers.isEmpty());
+    QVERIFY(m_dviSignals.isEmpty());
+    QVERIFY(m_visibilities.isEmpty());
+    QVERIFY(ips().isEmpty());
+
+    m_processor->refresh();
+    QCOMPARE(toMap(m_colors).value(38), KeyColor::Green);
+    QTRY_COMPARE(ips().size(), 2);
+}
+
+void tst_SimulatedProcessor::itCanGoWithAnswersPending()
+{
+    for (int i = 0; i < 50; ++i) {
+        m_processor->addressesRequested(0);
+        m_processor->addressChangeRequested(0, 1);
+        m_processor->refresh();
+        m_processor->consoleClosed();
+        forget(); // a late record would show below
+        m_processor.reset();
+        QVERIFY(ips().isEmpty());
+        init();
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_SimulatedProcessor)
