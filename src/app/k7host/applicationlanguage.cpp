@@ -55,7 +55,9 @@ QString plainName(const QString &language)
                 name = other;
         }
     }
-    return usual.toUpper(name.left(1)) + name.mid(1);
+    if (!name.isEmpty())
+        name[0] = name.at(0).toUpper();
+    return name;
 }
 
 } // namespace
@@ -100,7 +102,7 @@ void ApplicationLanguage::chooseNext()
 
 QString ApplicationLanguage::nameOf(const QString &language) const
 {
-    const QString name = plainName(language);
+    QString name = plainName(language);
     const auto isNamesake = [&](const QString &other) {
         return other != language && plainName(other) == name;
     };

@@ -81,7 +81,7 @@ void ConsoleHardware::setLamp(Lamp lamp, bool isOn, int brightness)
 
 void ConsoleHardware::setScreens(int count, int operationScreen, const QVector<quint16> &widthsAndHeights)
 {
-    const bool isComplete = count >= 0 && widthsAndHeights.size() == 2 * count;
+    const bool isComplete = widthsAndHeights.size() % 2 == 0 && widthsAndHeights.size() / 2 == count;
     if (!isComplete || operationScreen < -1 || operationScreen >= count)
         return;
     m_state.screens = {{}, operationScreen};

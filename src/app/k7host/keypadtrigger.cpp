@@ -122,6 +122,7 @@ bool KeypadTrigger::eventFilter(QObject *watched, QEvent *event)
         return false;
     case QEvent::FocusIn:
     case QEvent::FocusOut:
+    case QEvent::FocusAboutToChange: // all that is said when one in a scene loses it to nobody
     case QEvent::EnabledChange:
     case QEvent::ReadOnlyChange:
         m_settling.start();
@@ -137,7 +138,7 @@ bool KeypadTrigger::eventFilter(QObject *watched, QEvent *event)
 void KeypadTrigger::noteTouch(QWidget *widget)
 {
     QWidget *field = isTouchable(widget) ? fieldAround(widget) : nullptr;
-    if (!field || !m_window->isAncestorOf(field))
+    if (!field)
         return;
     m_touched = field;
     m_settling.start();

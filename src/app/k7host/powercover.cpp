@@ -32,6 +32,7 @@ void PowerCover::setPower(Power power)
     m_ui->reasonLabel->setText(isOff ? QStringLiteral("The console is off")
                                      : QStringLiteral("Restarting \u2026"));
     m_ui->powerOnButton->setVisible(isOff);
+    setFocusProxy(isOff ? m_ui->powerOnButton : nullptr);
 }
 
 void PowerCover::paintEvent(QPaintEvent *event)

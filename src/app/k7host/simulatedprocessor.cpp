@@ -186,7 +186,8 @@ void SimulatedProcessor::addressesRequested(quint8 port)
 void SimulatedProcessor::addressesEntered(const QString &interfaceName, const QString &ip,
                                           const QString &mask, const QString &gateway)
 {
-    m_hardware.enterAddresses(interfaceName, ip, mask, gateway);
+    if (m_hardware.isOn())
+        m_hardware.enterAddresses(interfaceName, ip, mask, gateway);
 }
 
 void SimulatedProcessor::addressChangeRequested(quint8 port, quint8 mode)

@@ -3,7 +3,7 @@
 
 #include "touchproxy.h"
 
-#include <QCoreApplication>
+#include <QAbstractScrollArea>
 #include <QWidget>
 
 namespace K7Host {
@@ -12,7 +12,11 @@ namespace {
 
 bool takesTouches(const QWidget *widget)
 {
-    return widget->testAttribute(Qt::WA_AcceptTouchEvents);
+    // A scroll area and its viewport ask for touches, and refuse them: what is in it is used as with the
+    // mouse.
+    const bool isScrollArea = qobject_cast<const QAbstractScrollArea *>(widget) ||
+                              qobject_cast<const QAbstractScrollArea *>(widget->parentWidget());
+    return widget->testAttribute(Qt::WA_AcceptTouchEvents) && !isScrollArea;
 }
 
 } // namespace
@@ -30,11 +34,6 @@ bool TouchProxy::event(QEvent *event)
     case QEvent::TouchBegin:
     case QEvent::TouchUpdate:
     case QEvent::TouchEnd: {
-        // The scene keeps only the mouse from what a modal dialog blocks.
-        if (isBlockedByModalPanel()) {
-            event->ignore();
-            return true;
-        }
         const auto *touch = static_cast<QTouchEvent *>(event);
         event->setAccepted(m_router.route(*touch).size() < touch->touchPoints().size());
         return true;
@@ -45,42 +44,6 @@ bool TouchProxy::event(QEvent *event)
     default:
         return QGraphicsProxyWidget::event(event);
     }
-}
-
-QVariant TouchProxy::itemChange(GraphicsItemChange change, const QVariant &value)
-{
-    if (change == ItemChildAddedChange)
-        watch(value.value<QGraphicsItem *>());
-    return QGraphicsProxyWidget::itemChange(change, value);
-}
-
-/// The child is about to be made: it has no widget before it is shown, nor is it known whether it is modal.
-void TouchProxy::watch(QGraphicsItem *child)
-{
-    const QGraphicsObject *object = child->toGraphicsObject();
-    if (!object)
-        return;
-    connect(object, &QGraphicsObject::visibleChanged, this, [this, child] {
-        auto *proxy = qgraphicsitem_cast<QGraphicsProxyWidget *>(child);
-        if (proxy && proxy->widget() && proxy->isVisible())
-            placeDialog(proxy);
-    });
-}
-
-void TouchProxy::placeDialog(QGraphicsProxyWidget *dialog)
-{
-    if (!dialog->widget()->isModal()) {
-        dialog->setPanelModality(NonModal);
-        return;
-    }
-    dialog->setPanelModality(SceneModal);
-    dialog->setPos(dialog->pos() + rect().center() -
-                   mapRectFromItem(dialog, dialog->windowFrameRect()).center());
-    dialog->setActive(true);
-    // Keys that are held come up.
-    m_router.cancel();
-    QEvent deactivate(QEvent::WindowDeactivate);
-    QCoreApplication::sendEvent(widget(), &deactivate);
 }
 
 } // namespace K7Host

@@ -22,7 +22,6 @@ namespace Korvo::Internal {
 
 using ECKeyboard::lcPlugin;
 using ECKeyboard::K7::Internal::mark;
-using ECKeyboard::K7::Internal::markAll;
 
 namespace {
 
@@ -74,11 +73,12 @@ ConsoleFloatWidget::ConsoleFloatWidget(QWidget *parent)
 
 ConsoleFloatWidget::~ConsoleFloatWidget()
 {
-    m_isLeaving.release(m_timeRuns.size());
-    for (QFuture<int> &run : m_timeRuns) {
+    // All are cancelled before any is let go: the next must not begin in its place.
+    for (QFuture<int> &run : m_timeRuns)
         run.cancel();
+    m_isLeaving.release(m_timeRuns.size());
+    for (QFuture<int> &run : m_timeRuns)
         run.waitForFinished();
-    }
     delete m_pWatcher;
     delete m_pInternetThread;
     delete m_pWaitingDialog;
@@ -117,6 +117,7 @@ void ConsoleFloatWidget::initWidget()
     m_pTimeTypeGroup->addButton(ui->pushButton_24, 0);
     m_pTimeTypeGroup->addButton(ui->pushButton_12, 1);
 
+    ui->screenNumberCombox->installEventFilter(this);
     ui->screenNumberCombox->setView(new QListView(ui->screenNumberCombox));
     ui->spinBox_width->setRange(800, 8192);
     ui->spinBox_height->setRange(600, 8192);
@@ -224,7 +225,7 @@ QVariant ConsoleFloatWidget::stored(const QString &key, const QVariant &fallback
 void ConsoleFloatWidget::store(const QString &key, const QVariant &value)
 {
     m_pSettings->setValue(key, value);
-    m_pSettings->sync(); // whatever happens next
+    m_pSettings->sync(); // no kill loses it
     warnOfSettings();
 }
 
@@ -234,7 +235,8 @@ void ConsoleFloatWidget::warnOfSettings()
         return;
     m_isSettingsFaultTold = true;
     const char *fault = m_pSettings->status() == QSettings::FormatError ? "broken" : "not accessible";
-    qCWarning(lcPlugin, "The settings file %s is %s.", qPrintable(m_pSettings->fileName()), fault);
+    qCWarning(lcPlugin, "The settings file %s is %s; what it cannot give is at its default.",
+              qPrintable(m_pSettings->fileName()), fault);
 }
 
 bool ConsoleFloatWidget::eventFilter(QObject *watched, QEvent *event)
@@ -248,16 +250,28 @@ bool ConsoleFloatWidget::eventFilter(QObject *watched, QEvent *event)
         case QEvent::MouseMove:
             scrollTo(position());
             return true;
+        case QEvent::MouseButtonDblClick: // the press of a second quick drag
+            beginScroll(position());
+            break;
         case QEvent::MouseButtonRelease:
             return true;
         default:
             break;
         }
+    } else if (watched == ui->screenNumberCombox) {
+        // The wheel is meant for the form: another number would forget the screens.
+        if (event->type() == QEvent::Wheel && !ui->screenNumberCombox->hasFocus()) {
+            event->ignore();
+            return true;
+        }
     } else if (auto *octet = qobject_cast<QLineEdit *>(watched)) {
-        if (event->type() == QEvent::MouseButtonPress)
+        if (event->type() == QEvent::MouseButtonPress) {
+            m_isFocusGiven = false;
             placeCursor(octet);
-        else if (event->type() == QEvent::FocusOut)
+        } else if (event->type() == QEvent::FocusOut) {
+            m_isFocusGiven = false;
             m_bIsNeedSelectedAll = true;
+        }
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -49,7 +49,7 @@ class InternetThread;
 /// written is warned of once, and the panel goes on with the defaults.
 ///
 /// GUI thread only, except where a function says otherwise. Destroying the panel waits for its work in other
-/// threads, whose signals are not delivered any more.
+/// threads.
 class ConsoleFloatWidget : public QWidget
 {
     Q_OBJECT
@@ -84,6 +84,7 @@ public:
     /// Asks the host for the address of \a port and reads what is known now; true when anything is. What is
     /// not known leaves its argument alone.
     bool getECDeviceIP(const int &port, QString &ip, QString &mask, QString &gateway, int &status);
+    /// Tells what is known of both ports by signalIPStatusChanged() and signalUpdateIPText().
     void refreshNetStatus();
     /// Shows an address in the fields.
     void setNetParm(const QString &ip, const QString &mask, const QString &gateway);
@@ -91,7 +92,9 @@ public:
     void setNetInfoFocus(int port);
     bool isInternetInfoVaild() const;
 
+    /// Turns the wheels to the present time.
     void initCurrentTime();
+    /// Tells the present time by signalTimeChanged().
     void refreshTime();
 
     /// Asks the host for the address mode \a style of the interface \a eth, from any thread. An unknown
@@ -100,10 +103,11 @@ public:
     /// Asks the host for a date and time and waits a while, on a thread other than the GUI's. Always 0.
     int setSystemTime(QString &date, QString &time);
 
+    /// Makes a button for each screen that the box counts. No screen is the operation screen afterwards.
     void initScreenButtonGroup();
     /// Sends the peripheral screens; false, with nothing sent, when a screen has no button.
     bool updateConsoleData();
-    /// Always 0: brightness has no ticks on this console.
+    /// 0: brightness has no ticks on this console.
     int getValueByTick(int value) const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -172,6 +176,12 @@ private:
         int status = 0;
     };
 
+    struct NetworkRequest
+    {
+        quint32 number = 0;
+        bool hasTimedOut = false;
+    };
+
     void initWidget();
     void initIPWidget();
     void createConnects();
@@ -208,7 +218,7 @@ private:
     void refuseAddress(const QString &reason);
     void sendAddress(int port, const PortAddress &address);
     void startNetworkChange(const QString &eth);
-    void networkTimedOut(quint32 request);
+    void networkTimedOut(quint32 number);
 
     void initTimeDisplay();
     void startTimeSetting(const QString &date, const QString &time);
@@ -226,6 +236,7 @@ private:
     QTimer *m_pNetTimer = nullptr;
     QSettings *m_pSettings = nullptr;
     bool m_getetIpStyleChanged = false;
+    int m_lastGroosenceTick = 0;
     QPoint m_beginPoint;   // where a drag of the form began, global
     QPoint m_pscrollPoint; // what the scroll bars showed then
     bool m_IsFinished = false;
@@ -243,9 +254,10 @@ private:
 
     Delays m_delays;
     bool m_isSettingsFaultTold = false;
-    bool m_isAddressEdited = false;
+    bool m_isFocusGiven = false;    // to a field of the address, and nobody has touched it yet
+    bool m_isAddressEdited = false; // and not yet applied
     quint32 m_lastNetworkRequest = 0;
-    QQueue<quint32> m_networkRequests; // under way, oldest first
+    QQueue<NetworkRequest> m_networkRequests; // under way, oldest first
     QList<QFuture<int>> m_timeRuns;
     QSemaphore m_isLeaving; // released when the panel goes: no run need wait on
 };

@@ -52,7 +52,7 @@ void ConsoleFloatWidget::loadBrightness()
     ui->widget_groosen->setEnabled(ui->switch_groosen->isToggled());
     ui->widget_front->setEnabled(ui->switch_front->isToggled());
 
-    // The LCD is the one brightness that the console is told at the start: once, changed or not.
+    // The LCD is the one brightness that is told at the start: once, changed or not.
     {
         const QSignalBlocker blocker(ui->widget_lcd);
         ui->widget_lcd->setValue(storedBrightness(QStringLiteral("screenValue")));
@@ -116,7 +116,7 @@ void ConsoleFloatWidget::slotSiderValueChanged(int value)
 int ConsoleFloatWidget::getValueByTick(int value) const
 {
     Q_UNUSED(value)
-    return 0;
+    return m_lastGroosenceTick;
 }
 
 } // namespace Korvo::Internal

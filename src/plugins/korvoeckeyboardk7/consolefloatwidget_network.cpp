@@ -11,10 +11,11 @@
 
 #include <ovo/widgets/framelessmessagebox.h>
 
-#include <QApplication>
 #include <QButtonGroup>
 #include <QMutexLocker>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace Korvo::Internal {
 
@@ -122,10 +123,11 @@ void ConsoleFloatWidget::updateNetStatus()
 {
     if (!m_pWANGroup)
         return;
-    QMap<int, ECDeviceIPData> ports;
+    // A copy that shares nothing with the table, which may be written while it is read.
+    QList<ECDeviceIPData> ports;
     {
         const QMutexLocker locker(&m_deviceIPMtx);
-        ports = m_ecDeviceIPData;
+        ports = m_ecDeviceIPData.values();
     }
     for (const ECDeviceIPData &entry : qAsConst(ports)) {
         const QString interface = interfaceOf(entry.Index);
@@ -202,16 +204,21 @@ void ConsoleFloatWidget::slotInternetGroupToggled(int id, bool checked)
 void ConsoleFloatWidget::updateIPParam()
 {
     const std::optional<ECDeviceIPData> entry = storedPort(m_pWANGroup->checkedId());
-    if (entry && !isAddressBeingEdited())
-        setNetParm(ipv4ToQString(entry->IP), ipv4ToQString(entry->Mask),
-                   ipv4GatewayToQString(entry->Gateway));
+    if (!entry || isAddressBeingEdited())
+        return;
+    setNetParm(ipv4ToQString(entry->IP), ipv4ToQString(entry->Mask), ipv4GatewayToQString(entry->Gateway));
+    if (m_isFocusGiven)
+        ui->lineEdit_IP->setIPFocus(); // selects anew
 }
 
 bool ConsoleFloatWidget::isAddressBeingEdited() const
 {
-    const QWidget *focused = QApplication::focusWidget();
-    return m_isAddressEdited || ui->lineEdit_IP->isAncestorOf(focused) ||
-           ui->lineEdit_mask->isAncestorOf(focused) || ui->lineEdit_gateWay->isAncestorOf(focused);
+    if (m_isAddressEdited || m_isFocusGiven)
+        return m_isAddressEdited;
+    const QWidget *focused = window()->focusWidget();
+    return focused && focused->hasFocus() &&
+           (ui->lineEdit_IP->isAncestorOf(focused) || ui->lineEdit_mask->isAncestorOf(focused) ||
+            ui->lineEdit_gateWay->isAncestorOf(focused));
 }
 
 void ConsoleFloatWidget::setNetParm(const QString &ip, const QString &mask, const QString &gateway)
@@ -242,6 +249,7 @@ void ConsoleFloatWidget::setNetInfoFocus(int port)
     ui->scrollArea->ensureWidgetVisible(ui->label_network);
     ui->scrollArea->ensureWidgetVisible(ui->pushButton_apply);
     ui->lineEdit_IP->setIPFocus();
+    m_isFocusGiven = true; // the answer to come is still to be shown
 }
 
 // A change of the addresses.
@@ -327,13 +335,13 @@ void ConsoleFloatWidget::startNetworkChange(const QString &eth)
         connect(m_pInternetThread, &InternetThread::signal_setEthModeFinished, this,
                 &ConsoleFloatWidget::slotSetEthModeFinished);
     }
-    const quint32 request = ++m_lastNetworkRequest;
-    m_networkRequests.enqueue(request);
+    const quint32 number = ++m_lastNetworkRequest;
+    m_networkRequests.enqueue({number, false});
     m_pInternetThread->setCurrentETH(eth);
     // DHCP whatever the mode buttons show, on purpose: hosts count on it.
     m_pInternetThread->setThreadFun([this, eth] { return setETHMode(eth, DHCP); });
     m_pInternetThread->start();
-    QTimer::singleShot(m_delays.networkTimeout, this, [this, request] { networkTimedOut(request); });
+    QTimer::singleShot(m_delays.networkTimeout, this, [this, number] { networkTimedOut(number); });
 }
 
 int ConsoleFloatWidget::setETHMode(const QString &eth, int style)
@@ -344,11 +352,15 @@ int ConsoleFloatWidget::setETHMode(const QString &eth, int style)
     return 1;
 }
 
-void ConsoleFloatWidget::networkTimedOut(quint32 request)
+void ConsoleFloatWidget::networkTimedOut(quint32 number)
 {
-    if (m_IsFinished || !m_networkRequests.contains(request))
+    const auto request =
+        std::find_if(m_networkRequests.begin(), m_networkRequests.end(),
+                     [number](const NetworkRequest &waiting) { return waiting.number == number; });
+    if (request == m_networkRequests.end())
         return;
-    if (request == m_networkRequests.constLast()) {
+    request->hasTimedOut = true;
+    if (number == m_lastNetworkRequest) {
         m_IsFinished = true;
         hideWaiting();
     }
@@ -363,9 +375,9 @@ void ConsoleFloatWidget::slotSetEthModeFinished(const QString &eth, int result)
 {
     Q_UNUSED(result)
     // Changes end in the order in which they were started; the indicator goes with the last one.
-    if (!m_networkRequests.isEmpty())
-        m_networkRequests.dequeue();
-    if (m_IsFinished)
+    const bool hasTimedOut =
+        m_networkRequests.isEmpty() ? m_IsFinished : m_networkRequests.dequeue().hasTimedOut;
+    if (hasTimedOut)
         return;
     if (m_networkRequests.isEmpty()) {
         m_IsFinished = true;

@@ -90,6 +90,10 @@ void ConsoleFloatWidget::addScreenButton()
     button->setFixedSize(64, 36);
     m_pScreenButtonGroup->addButton(button, id);
     layout->insertWidget(layout->count() - 1, button);
+    QWidget *before = ui->screenScrollArea;
+    if (id > 0)
+        before = m_pScreenButtonGroup->button(id - 1);
+    setTabOrder(before, button);
 }
 
 void ConsoleFloatWidget::markOperationScreen(bool isOperationScreen)
@@ -103,6 +107,7 @@ void ConsoleFloatWidget::slotScreenButtonToggled(int id, bool checked)
     const QAbstractButton *button = m_pScreenButtonGroup->button(id);
     if (!button || !checked)
         return;
+    ui->screenScrollArea->ensureWidgetVisible(m_pScreenButtonGroup->button(id));
     // Read before either editor is set: each writes the resolution back.
     const QSize resolution = resolutionOf(button);
     ui->spinBox_width->setValue(resolution.width());

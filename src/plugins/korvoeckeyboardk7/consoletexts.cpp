@@ -85,7 +85,11 @@ QString clockText(const QTime &time, bool is12Hours)
 {
     const bool isLowered = is12Hours && time.hour() > 12;
     const int hour = isLowered ? time.hour() - 12 : time.hour();
-    return QString::number(hour) + time.toString(QStringLiteral(":mm:ss"));
+    const QLatin1Char zero('0');
+    return QStringLiteral("%1:%2:%3")
+        .arg(hour)
+        .arg(time.minute(), 2, 10, zero)
+        .arg(time.second(), 2, 10, zero);
 }
 
 } // namespace Korvo::Internal

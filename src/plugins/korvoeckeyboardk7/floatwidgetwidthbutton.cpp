@@ -127,7 +127,7 @@ void FloatWidgetWidthButton::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
-        m_pFloatWidget->retranslateUi();
+        retranslateUi();
 }
 
 } // namespace Korvo::Internal

@@ -46,6 +46,8 @@ PortLook eth2Look()
 
 void showPort(QToolButton *button, const PortLook &look, bool isOnline)
 {
+    if (!button->icon().isNull() && button->property(look.offlineMarker) == QVariant(!isOnline))
+        return;
     button->setIcon(Utils::Icon::fromTheme(isOnline ? look.onlineIcon : look.offlineIcon));
     setMarker(button, look.offlineMarker, !isOnline);
 }
@@ -127,6 +129,7 @@ void LogoKeyboardFramePrivate::initWidget()
 
 void LogoKeyboardFramePrivate::initPortButton(QToolButton *button, const QString &text, const PortLook &look)
 {
+    button->setAttribute(Qt::WA_TransparentForMouseEvents); // it shows, and does nothing
     button->setText(text);
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setIconSize({PortIconSize, PortIconSize});

@@ -13,7 +13,8 @@ class RightKeyboardFramePrivate;
 
 /// The right half of the console: numbers, functions, T-bar, transition and the status strip.
 ///
-/// Records may be handed in from any thread; those of other threads than the GUI's wait for it, in order.
+/// Records may be handed in from any thread; those of other threads than the GUI's wait for it, in order. An
+/// address is stored at once.
 /// The results do not tell whether a section took a record: they are fixed.
 class RightKeyboardFrame : public IKorvoECKeyboard
 {

@@ -9,6 +9,7 @@
 #include <korvo/keyboard/records.h>
 #include <korvo/widgets/tbar.h>
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QPointer>
 
@@ -106,6 +107,13 @@ QSize TBarKeyboadFrame::sizeHint() const
 {
     const QRect lever = d->ui->tbarframe->geometry();
     return {2 * lever.x() + lever.width(), 2 * lever.y() + lever.height()};
+}
+
+void TBarKeyboadFrame::changeEvent(QEvent *event)
+{
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        d->ui->retranslateUi(this);
 }
 
 void TBarKeyboadFrame::slotTbarValueChanged(double percent, double previous)

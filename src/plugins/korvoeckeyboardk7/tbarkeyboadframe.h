@@ -42,6 +42,9 @@ Q_SIGNALS:
     /// The lever was moved to \a value, in twelfths of a percent, 0 to 1200.
     void ecTBarValueChanged(const quint16 &value, bool isBottomToTop);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     Internal::TBarKeyboadFramePrivate *d;
 };

@@ -9,7 +9,6 @@
 #include <QApplication>
 #include <QDoubleSpinBox>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTest>
@@ -52,6 +51,10 @@ public:
     QDoubleSpinBox decimal{this};
     IPLineEdit address{this};
     Keypad keypad{this};
+    int presses = 0; // that reach the desk itself
+
+protected:
+    void mousePressEvent(QMouseEvent * /*event*/) override { ++presses; }
 };
 
 } // namespace
@@ -255,13 +258,10 @@ void tst_Keypad::aTouchLeavesTheFocusWhereItIs()
 
 void tst_Keypad::whatMissesTheKeysReachesNobody()
 {
-    QPushButton behind(m_desk.get());
-    behind.setGeometry(m_desk->keypad.geometry());
-    behind.lower();
-    behind.show();
-    const QSignalSpy pressed(&behind, &QPushButton::pressed);
+    QTest::mouseClick(m_desk->windowHandle(), Qt::LeftButton, {}, QPoint(495, 395));
+    QCOMPARE(m_desk->presses, 1);
     QTest::mouseClick(m_desk->windowHandle(), Qt::LeftButton, {}, m_desk->keypad.pos() + QPoint(3, 3));
-    QCOMPARE(pressed.count(), 0);
+    QCOMPARE(m_desk->presses, 1);
 }
 
 void tst_Keypad::nothingInItTakesTheFocus()

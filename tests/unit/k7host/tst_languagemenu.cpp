@@ -57,6 +57,7 @@ private slots:
     void leavingTheMenuChoosesNothing();
     void controlLGoesOnToTheNextLanguage_data();
     void controlLGoesOnToTheNextLanguage();
+    void controlLWorksInOtherWindowsToo();
     void aRefusedLanguageLeavesTheCheckMark();
 
 private:
@@ -201,6 +202,17 @@ void tst_LanguageMenu::controlLGoesOnToTheNextLanguage()
         QCOMPARE(m_language->current(), QString::fromLatin1(expected));
         QCOMPARE(checked(), QStringList{QString::fromLatin1(expected)});
     }
+}
+
+void tst_LanguageMenu::controlLWorksInOtherWindowsToo()
+{
+    show();
+    QWidget other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    QTest::keyClick(other.windowHandle(), Qt::Key_L, Qt::ControlModifier);
+    QCOMPARE(m_language->current(), QStringLiteral("zh_CN"));
 }
 
 void tst_LanguageMenu::aRefusedLanguageLeavesTheCheckMark()

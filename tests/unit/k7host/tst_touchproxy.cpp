@@ -7,11 +7,9 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QGraphicsProxyWidget>
-#include <QGraphicsScene>
-#include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTouchDevice>
@@ -35,18 +33,24 @@ public:
         frame.setGeometry(200, 0, 200, 200);
         second.setGeometry(100, 100, 100, 100);
         mouseOnly.setGeometry(0, 150, 100, 50);
+        area.setGeometry(100, 0, 100, 100);
+        area.setAttribute(Qt::WA_AcceptTouchEvents);
+        area.setWidget(new QPushButton);
+        area.setWidgetResizable(true);
     }
 
     K7DropButton first{this};
     QFrame frame{this};
     K7DropButton second{&frame};
     QPushButton mouseOnly{this};
+    QScrollArea area{this};
 };
 
 const QPoint OnFirst(25, 25);
 const QPoint OnSecond(175, 75);
 const QPoint OnMouseOnly(25, 88);
-const QPoint OnNothing(75, 25);
+const QPoint InArea(75, 8);
+const QPoint OnNothing(75, 75);
 
 } // namespace
 
@@ -63,24 +67,12 @@ private slots:
     void aFingerThatSlidesOffLetsGo();
     void aFingerThatSlidesOntoAKeyDoesNotPressIt();
     void aFingerOnAControlWithoutTouchActsAsTheMouse();
+    void aFingerInAScrollAreaActsAsTheMouse();
     void aKeyThatGoesWhileItIsTouchedIsLeftAlone();
     void heldKeysComeUpWhenTheWindowIsLeft_data();
     void heldKeysComeUpWhenTheWindowIsLeft();
-    void aModalDialogStandsInTheMiddleOfTheConsole();
-    void aModalDialogKeepsInputFromTheConsole();
-    void aModalDialogIsUsedByMouseFingerAndKey_data();
-    void aModalDialogIsUsedByMouseFingerAndKey();
-    void theConsoleTakesInputAgainAfterADialog_data();
-    void theConsoleTakesInputAgainAfterADialog();
-    void heldKeysComeUpWhenAModalDialogOpens_data();
-    void heldKeysComeUpWhenAModalDialogOpens();
-    void aDialogThatIsNotModalBlocksNothing();
 
 private:
-    QPoint inView(const QWidget *widget) const;
-
-    void openBox(QMessageBox *box) const;
-
     QTest::QTouchEventSequence touch() { return QTest::touchEvent(m_view->viewport(), m_device); }
 
     QTouchDevice *const m_device = QTest::createTouchDevice();
@@ -100,21 +92,6 @@ void tst_TouchProxy::cleanup()
 {
     m_view.reset();
     m_console.reset();
-}
-
-/// The middle of \a widget, which is in a dialog.
-QPoint tst_TouchProxy::inView(const QWidget *widget) const
-{
-    const QGraphicsProxyWidget *proxy = widget->window()->graphicsProxyWidget();
-    const QPoint center = widget->mapTo(widget->window(), widget->rect().center());
-    return m_view->mapFromScene(proxy->mapToScene(center));
-}
-
-void tst_TouchProxy::openBox(QMessageBox *box) const
-{
-    box->open();
-    QTRY_VERIFY(box->isVisible());
-    QVERIFY(box->graphicsProxyWidget());
 }
 
 void tst_TouchProxy::aFingerPressesTheKeyUnderIt()
@@ -183,6 +160,15 @@ void tst_TouchProxy::aFingerOnAControlWithoutTouchActsAsTheMouse()
     QCOMPARE(clicked.count(), 1);
 }
 
+void tst_TouchProxy::aFingerInAScrollAreaActsAsTheMouse()
+{
+    const QSignalSpy clicked(qobject_cast<QPushButton *>(m_console->area.widget()),
+                             &QAbstractButton::clicked);
+    touch().press(0, InArea, m_view->viewport());
+    touch().release(0, InArea, m_view->viewport());
+    QCOMPARE(clicked.count(), 1);
+}
+
 void tst_TouchProxy::aKeyThatGoesWhileItIsTouchedIsLeftAlone()
 {
     auto *passing = new K7DropButton(m_console.get());
@@ -190,7 +176,7 @@ void tst_TouchProxy::aKeyThatGoesWhileItIsTouchedIsLeftAlone()
     passing->show();
     const QPointer<K7DropButton> guard(passing);
     connect(passing, &QAbstractButton::pressed, passing, [passing] { delete passing; });
-    touch().press(0, OnNothing, m_view->viewport());
+    touch().press(0, InArea, m_view->viewport());
     QVERIFY(!guard);
     touch().move(0, OnFirst, m_view->viewport());
     touch().release(0, OnFirst, m_view->viewport());
@@ -237,142 +223,6 @@ void tst_TouchProxy::heldKeysComeUpWhenTheWindowIsLeft()
     }
     QTRY_COMPARE(released.count(), 1);
     QVERIFY(!m_console->second.isDown());
-}
-
-void tst_TouchProxy::aModalDialogStandsInTheMiddleOfTheConsole()
-{
-    m_console->setFixedSize(1600, 900);
-    QTRY_COMPARE(m_view->size(), QSize(800, 450));
-    QMessageBox box(QMessageBox::Question, QString(), QStringLiteral("Sure?"),
-                    QMessageBox::Yes | QMessageBox::No, &m_console->frame);
-    openBox(&box);
-    const QGraphicsProxyWidget *proxy = box.graphicsProxyWidget();
-    const QPointF middle = proxy->mapRectToScene(proxy->windowFrameRect()).center();
-    QVERIFY((middle - QPointF(800, 450)).manhattanLength() < 2);
-}
-
-void tst_TouchProxy::aModalDialogKeepsInputFromTheConsole()
-{
-    QMessageBox box(QMessageBox::Question, QString(), QStringLiteral("Sure?"),
-                    QMessageBox::Yes | QMessageBox::No, &m_console->frame);
-    openBox(&box);
-    box.graphicsProxyWidget()->setPos(150, 60); // off the first key
-    const QSignalSpy first(&m_console->first, &QAbstractButton::pressed);
-    const QSignalSpy mouseOnly(&m_console->mouseOnly, &QAbstractButton::pressed);
-    for (const QPoint &point : {OnFirst, OnMouseOnly}) {
-        QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, point);
-        touch().press(0, point, m_view->viewport());
-        touch().release(0, point, m_view->viewport());
-    }
-    QCOMPARE(first.count(), 0);
-    QCOMPARE(mouseOnly.count(), 0);
-    QVERIFY(box.isVisible());
-}
-
-void tst_TouchProxy::aModalDialogIsUsedByMouseFingerAndKey_data()
-{
-    QTest::addColumn<QByteArray>("way");
-    for (const char *way : {"mouse", "finger", "key"})
-        QTest::newRow(way) << QByteArray(way);
-}
-
-void tst_TouchProxy::aModalDialogIsUsedByMouseFingerAndKey()
-{
-    QFETCH(QByteArray, way);
-    m_console->setFixedSize(1600, 900);
-    QTRY_COMPARE(m_view->size(), QSize(800, 450));
-    QApplication::setActiveWindow(m_view.get());
-    QMessageBox box(QMessageBox::Question, QString(), QStringLiteral("Sure?"),
-                    QMessageBox::Yes | QMessageBox::No, &m_console->frame);
-    openBox(&box);
-    const QSignalSpy finished(&box, &QDialog::finished);
-    const QPoint onNo = inView(box.button(QMessageBox::No));
-    if (way == "mouse") {
-        QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, onNo);
-    } else if (way == "finger") {
-        touch().press(0, onNo, m_view->viewport());
-        touch().release(0, onNo, m_view->viewport());
-    } else {
-        QTest::keyClick(m_view->viewport(), Qt::Key_Escape);
-    }
-    QCOMPARE(finished.count(), 1);
-    QCOMPARE(box.result(), int(QMessageBox::No));
-}
-
-void tst_TouchProxy::theConsoleTakesInputAgainAfterADialog_data()
-{
-    QTest::addColumn<bool>("isDeleted");
-    QTest::newRow("hidden") << false;
-    QTest::newRow("deleted") << true;
-}
-
-void tst_TouchProxy::theConsoleTakesInputAgainAfterADialog()
-{
-    QFETCH(bool, isDeleted);
-    auto box = std::make_unique<QMessageBox>(QMessageBox::Question, QString(), QStringLiteral("Sure?"),
-                                             QMessageBox::Yes, &m_console->frame);
-    openBox(box.get());
-    if (isDeleted)
-        box.reset();
-    else
-        box->hide();
-    const QSignalSpy pressed(&m_console->first, &QAbstractButton::pressed);
-    QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, OnFirst);
-    QCOMPARE(pressed.count(), 1);
-    touch().press(0, OnFirst, m_view->viewport());
-    QCOMPARE(pressed.count(), 2);
-    touch().release(0, OnFirst, m_view->viewport());
-    QVERIFY(!m_console->first.isDown());
-
-    if (!isDeleted) { // and once more
-        openBox(box.get());
-        box->graphicsProxyWidget()->setPos(150, 60);
-        QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, OnFirst);
-        QCOMPARE(pressed.count(), 2);
-    }
-}
-
-void tst_TouchProxy::heldKeysComeUpWhenAModalDialogOpens_data()
-{
-    QTest::addColumn<bool>("byFinger");
-    QTest::newRow("mouse") << false;
-    QTest::newRow("finger") << true;
-}
-
-void tst_TouchProxy::heldKeysComeUpWhenAModalDialogOpens()
-{
-    QFETCH(bool, byFinger);
-    const QSignalSpy released(&m_console->second, &QAbstractButton::released);
-    if (byFinger)
-        touch().press(0, OnSecond, m_view->viewport());
-    else
-        QTest::mousePress(m_view->viewport(), Qt::LeftButton, {}, OnSecond);
-    QVERIFY(m_console->second.isDown());
-
-    QMessageBox box(QMessageBox::Question, QString(), QStringLiteral("Sure?"), QMessageBox::Yes,
-                    &m_console->frame);
-    openBox(&box);
-    QCOMPARE(released.count(), 1);
-    QVERIFY(!m_console->second.isDown());
-    if (byFinger)
-        touch().release(0, OnSecond, m_view->viewport());
-    else
-        QTest::mouseRelease(m_view->viewport(), Qt::LeftButton, {}, OnSecond);
-    QCOMPARE(released.count(), 1);
-    QVERIFY(box.isVisible());
-}
-
-void tst_TouchProxy::aDialogThatIsNotModalBlocksNothing()
-{
-    QDialog dialog(&m_console->frame);
-    dialog.resize(40, 40);
-    dialog.show();
-    QTRY_VERIFY(dialog.isVisible());
-    QVERIFY(dialog.graphicsProxyWidget());
-    dialog.graphicsProxyWidget()->setPos(250, 60);
-    const QSignalSpy pressed(&m_console->first, &QAbstractButton::pressed);
-    QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, OnFirst);
-    QCOMPARE(pressed.count(), 1);
 }
 
 QTEST_MAIN(tst_TouchProxy)

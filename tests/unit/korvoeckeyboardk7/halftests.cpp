@@ -377,3 +377,85 @@ void HalfTests::heldKeysAreReleasedOnEveryWayOut()
     releases.sort();
     QCOMPARE(released, releases);
 }
+
+void HalfTests::anotherLanguageRelabelsTheWords()
+{
+    // The texts of keys and of the sections' titles; OLED labels have none.
+    const auto words = [this] {
+        QHash<const QWidget *, QString> all;
+        for (const PlacedSection &section : m_sections) {
+            const auto *frame = m_keyboard->findChild<QWidget *>(QLatin1String(section.name));
+            const QList<QAbstractButton *> keys = frame->findChildren<QAbstractButton *>();
+            for (const QAbstractButton *key : keys)
+                all.insert(key, key->text());
+            const QList<QLabel *> labels = frame->findChildren<QLabel *>();
+            for (const QLabel *label : labels)
+                all.insert(label, label->text());
+        }
+        return all;
+    };
+    const auto before = words();
+    auto expected = before;
+    QSet<QString> relabelled; // sections
+    for (auto word = expected.begin(); word != expected.end(); ++word) {
+        if (!CrossLanguage::isWord(*word))
+            continue;
+        word->prepend(QLatin1Char('x'));
+        for (const PlacedSection &section : m_sections) {
+            const QString name = QString::fromLatin1(section.name);
+            if (m_keyboard->findChild<QWidget *>(name)->isAncestorOf(word.key()))
+                relabelled << name;
+        }
+    }
+    QCOMPARE(relabelled.size(), m_sections.size());
+    {
+        const CrossSpeaking language;
+        QCOMPARE(words(), expected);
+        // One made meanwhile speaks it from the start.
+        const std::unique_ptr<IKorvoECKeyboard> another = create();
+        const ConsoleParts others = partsOf(another.get(), m_sections);
+        for (int i = 0; i < m_parts.size(); ++i) {
+            const auto *key = qobject_cast<QAbstractButton *>(others.at(i).widget);
+            if (key)
+                QCOMPARE(key->text(), expected.value(m_parts.at(i).widget));
+        }
+    }
+    QCOMPARE(words(), before);
+}
+
+void HalfTests::anotherLanguageKeepsIdsAndRecords()
+{
+    m_keyboard->applyNoramlStyleSheet();
+    for (const ConsolePart &part : qAsConst(m_parts)) {
+        if (part.takesColor())
+            m_keyboard->updateECButtonColor(colorRecord(part.id(), 255, 0, 0));
+        if (part.takesText())
+            m_keyboard->updateECOledText(textRecord(part.id(), "CAM 1"));
+    }
+    const auto properties = [this] {
+        QStringList all;
+        for (const ConsolePart &part : qAsConst(m_parts)) {
+            for (const char *name : {"KorvoECKey", "key", "entry"})
+                all << part.name() + QLatin1Char(' ') + part.widget->property(name).toString();
+        }
+        return all;
+    };
+    const QStringList looks = looksOf(m_parts);
+    const QStringList before = properties();
+    {
+        const CrossSpeaking language;
+        QCOMPARE(properties(), before);
+        QCOMPARE(looksOf(m_parts), looks);
+        QStringList expected;
+        for (const ConsolePart &part : qAsConst(m_parts)) {
+            if (!part.sends())
+                continue;
+            expected << press(part) << release(part);
+            QTest::mouseClick(part.widget, Qt::LeftButton);
+        }
+        QVERIFY(!expected.isEmpty());
+        QCOMPARE(m_sent, expected);
+    }
+    QCOMPARE(properties(), before);
+    QCOMPARE(looksOf(m_parts), looks);
+}

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "consoleparts.h"
+#include "panelsupport.h"
 
 #include <korvo/keyboard/ikorvoeckeyboard.h>
 
@@ -38,6 +39,8 @@ private slots:
     void recordsThatChangeNothingCostNothing();
     void heldKeysAreReleasedOnEveryWayOut_data();
     void heldKeysAreReleasedOnEveryWayOut();
+    void anotherLanguageRelabelsTheWords();
+    void anotherLanguageKeepsIdsAndRecords();
 
 protected:
     virtual std::unique_ptr<Korvo::IKorvoECKeyboard> create() = 0;
@@ -50,6 +53,7 @@ protected:
     }
     bool show();
 
+    const SettingsFolder m_folder; // of the settings panel
     LivePlugin m_live;
     std::unique_ptr<Korvo::IKorvoECKeyboard> m_keyboard;
     QStringList m_sent; // "press ff0024", in order

@@ -3,7 +3,6 @@
 
 #include "support.h"
 
-#include <QDir>
 #include <QFile>
 #include <QSet>
 #include <QTest>
@@ -218,7 +217,6 @@ private slots:
     void keysJoinTheirGroupInOrder();
     void titlesHoldersAndSizesAreTheConsoles_data();
     void titlesHoldersAndSizesAreTheConsoles();
-    void translationsHoldWordsOnly();
 
 private:
     struct Section
@@ -397,34 +395,6 @@ void tst_Forms::titlesHoldersAndSizesAreTheConsoles()
     const QString expected = column(fact, "kind") + QLatin1Char(' ') + column(fact, "value");
     if (!found.contains(expected))
         QCOMPARE(found, QStringList{expected});
-}
-
-void tst_Forms::translationsHoldWordsOnly()
-{
-    // What passes through the translation but must not be translated: it would be another key.
-    QSet<QString> names{QStringLiteral("true"), QStringLiteral("NUMBER_ENTER")};
-    for (const Section &section : sections()) {
-        const QVector<Fact> facts = readFacts(QString::fromLatin1(section.form));
-        for (const Fact &fact : facts)
-            names << column(fact, "id") << column(fact, "entry");
-    }
-    const QDir folder(QStringLiteral(K7_FORMS "/translations"));
-    const QStringList files = folder.entryList({QStringLiteral("*.ts")});
-    QVERIFY(!files.isEmpty());
-    for (const QString &name : files) {
-        QFile file(folder.filePath(name));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QXmlStreamReader xml(&file);
-        int texts = 0;
-        while (!xml.atEnd()) {
-            if (xml.readNext() != QXmlStreamReader::StartElement || xml.name() != QLatin1String("source"))
-                continue;
-            const QString text = xml.readElementText();
-            QVERIFY2(!names.contains(text), qPrintable(name + QLatin1String(": ") + text));
-            ++texts;
-        }
-        QVERIFY2(!xml.hasError() && texts > 0, qPrintable(name));
-    }
 }
 
 QTEST_MAIN(tst_Forms)

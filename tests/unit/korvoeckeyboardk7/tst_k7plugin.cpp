@@ -3,6 +3,7 @@
 
 #include "korvoeckeyboardk7plugin.h"
 
+#include "panelsupport.h"
 #include "support.h"
 
 #include <ovo/extensionsystem/pluginmanager.h>
@@ -73,6 +74,11 @@ private slots:
     void colorsChooseTheStyle();
     void aKeyHeldWhenThePluginGoesIsReleased();
     void aHostMayAnswerTheLastReleases();
+    void aHandOnTheSettingsPanelReachesTheHost();
+    void theModeChangeIsToldOnceAHalf();
+
+private:
+    const SettingsFolder m_folder; // of the settings panel
 };
 
 void tst_K7Plugin::theFileCarriesTheMetadata()
@@ -472,6 +478,28 @@ void tst_K7Plugin::aHostMayAnswerTheLastReleases()
                           Qt::LeftButton);
     }
     QCOMPARE(answers, 1);
+}
+
+void tst_K7Plugin::aHandOnTheSettingsPanelReachesTheHost()
+{
+    const LivePlugin live;
+    const IKorvoECKeyboard *right = half(live.plugin.keyboards(), 1);
+    SignalNotes told(&live.plugin, &IKorvoECKeyboardPlugin::staticMetaObject);
+    QTest::mouseClick(find(right, "switch_logo"), Qt::LeftButton);
+    QCOMPARE(told.take(), QStringList{QStringLiteral("signalLogoLightStatusChanged(false, 15)")});
+    // The lamp itself changes before the host hears of it, so the host may ask anything then.
+    QCOMPARE(find(right, "label_logo")->property("q6logo"), QVariant(false));
+}
+
+void tst_K7Plugin::theModeChangeIsToldOnceAHalf()
+{
+    const LivePlugin live;
+    const Halves halves = live.plugin.keyboards();
+    SignalNotes told(&live.plugin, &IKorvoECKeyboardPlugin::staticMetaObject);
+    QVERIFY(half(halves, 0)->updateKeyboard());
+    QVERIFY(!half(halves, 1)->updateKeyboard());
+    QCOMPARE(told.take(), (QStringList{QStringLiteral("signalKorvoPluginModeChanged()"),
+                                       QStringLiteral("signalKorvoPluginModeChanged()")}));
 }
 
 QTEST_MAIN(tst_K7Plugin)

@@ -3,17 +3,22 @@
 
 #include "rightkeyboardframe.h"
 
+#include "consolefloatwidget.h"
 #include "halftests.h"
+#include "logokeyboardframe.h"
 
 #include <korvo/widgets/tbar.h>
 
 #include <QBoxLayout>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
 #include <QThread>
 
 using namespace Korvo;
+using Korvo::ECKeyboard::K7::LogoKeyboardFrame;
 using Korvo::ECKeyboard::K7::RightKeyboardFrame;
+using Korvo::Internal::ConsoleFloatWidget;
 
 class tst_RightKeyboardFrame : public HalfTests
 {
@@ -37,6 +42,15 @@ private slots:
     void resultsAreFixed();
     void updateKeyboardAnnouncesTheModeChangeAndSaysFalse();
     void aCallFromAnotherThreadAnnouncesOnTheGuiThread();
+    void theStripFillsItsPlace();
+    void everySignalOfTheStripIsRelayed_data();
+    void everySignalOfTheStripIsRelayed();
+    void aHandOnThePanelReachesTheHost();
+    void theModeChangeMayEndTheStrip();
+    void recordsReachTheStrip_data();
+    void recordsReachTheStrip();
+    void theNormalStyleLeavesTheStrip();
+    void nothingOfTheStripIsAKey();
 
 protected:
     std::unique_ptr<IKorvoECKeyboard> create() override
@@ -46,6 +60,7 @@ protected:
 
 private:
     QFrame *frame(const char *name) const { return m_keyboard->findChild<QFrame *>(QLatin1String(name)); }
+    LogoKeyboardFrame *strip() const { return m_keyboard->findChild<LogoKeyboardFrame *>(); }
     Widgets::tbar *lever() const { return m_keyboard->findChild<Widgets::tbar *>(); }
     QRect place(const char *name) const
     {
@@ -66,19 +81,27 @@ void tst_RightKeyboardFrame::identityIsTheRightHalfs()
 void tst_RightKeyboardFrame::innerFramesAreMarked()
 {
     QCOMPARE(m_keyboard->property("contentFrame"), QVariant(true));
-    const QFrame *strip = frame("logoFrame");
     QStringList marked;
     const QList<QFrame *> frames = m_keyboard->findChildren<QFrame *>();
     for (const QFrame *child : frames) {
-        const bool isOfStrip = child == strip || strip->isAncestorOf(child);
-        if (!isOfStrip && child->property("contentFrame") == QVariant(true))
+        if (child->property("contentFrame") == QVariant(true))
             marked << child->objectName();
     }
     marked.sort();
-    // The sections mark themselves.
-    QCOMPARE(marked, (QStringList{QStringLiteral("frame_6"), QStringLiteral("frametrans"),
-                                  QStringLiteral("functionFrame"), QStringLiteral("numberFrame"),
-                                  QStringLiteral("tBarFrame"), QStringLiteral("transitionFrame")}));
+    // The sections, the strip and the settings panel mark themselves.
+    QStringList expected{
+        QStringLiteral("frame_6"),          QStringLiteral("frametrans"), QStringLiteral("functionFrame"),
+        QStringLiteral("numberFrame"),      QStringLiteral("tBarFrame"),  QStringLiteral("transitionFrame"),
+        QStringLiteral("logoFrame"),        QStringLiteral("frame_4"),    QStringLiteral("frame_5"),
+        QStringLiteral("frame_8"),          QStringLiteral("frame_2"),    QStringLiteral("frame_3"),
+        QStringLiteral("screenButtonFrame")};
+    expected.sort();
+    QCOMPARE(marked, expected);
+    // The strip has a frame of that name too, which is none of them.
+    for (const QFrame *child : frames) {
+        if (child->objectName() == QLatin1String("frame_6"))
+            QCOMPARE(child->property("contentFrame").isValid(), !frame("logoFrame")->isAncestorOf(child));
+    }
 }
 
 void tst_RightKeyboardFrame::sizesAreTheConsoles_data()
@@ -215,6 +238,122 @@ void tst_RightKeyboardFrame::aCallFromAnotherThreadAnnouncesOnTheGuiThread()
     runElsewhere([this] { QVERIFY(!m_keyboard->updateKeyboard()); });
     QVERIFY(!announcedOn);
     QTRY_COMPARE(announcedOn, QThread::currentThread());
+}
+
+void tst_RightKeyboardFrame::theStripFillsItsPlace()
+{
+    QVERIFY(strip());
+    QCOMPARE(strip()->objectName(), QStringLiteral("logoFrame"));
+    const auto *column = m_keyboard->findChild<QBoxLayout *>(QStringLiteral("verticalLayout_13"));
+    QVERIFY(column);
+    QCOMPARE(column->count(), 1);
+    QCOMPARE(column->itemAt(0)->widget(), strip());
+    QVERIFY(show());
+    QCOMPARE(strip()->size(), QSize(950, 1026));
+    QVERIFY(find(strip(), "scrollArea")->isVisible());
+}
+
+void tst_RightKeyboardFrame::everySignalOfTheStripIsRelayed_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    const QList<QByteArray> names = signalsOf(LogoKeyboardFrame::staticMetaObject).keys();
+    for (const QByteArray &name : names)
+        QTest::newRow(name.constData()) << name;
+    QCOMPARE(names.size(), 11);
+}
+
+void tst_RightKeyboardFrame::everySignalOfTheStripIsRelayed()
+{
+    QFETCH(QByteArray, name);
+    SignalNotes told(m_keyboard.get(), &IKorvoECKeyboard::staticMetaObject);
+    const QString arguments = emitSample(strip(), signalsOf(LogoKeyboardFrame::staticMetaObject).value(name));
+    QCOMPARE(told.take(), QStringList{QLatin1String(name) + arguments});
+}
+
+void tst_RightKeyboardFrame::aHandOnThePanelReachesTheHost()
+{
+    QVERIFY(show());
+    SignalNotes told(m_keyboard.get(), &IKorvoECKeyboard::staticMetaObject);
+    QTest::mouseClick(find(strip(), "switch_logo"), Qt::LeftButton);
+    QCOMPARE(told.take(), QStringList{QStringLiteral("signalLogoLightStatusChanged(false, 15)")});
+    QCOMPARE(m_sent, QStringList());
+}
+
+void tst_RightKeyboardFrame::theModeChangeMayEndTheStrip()
+{
+    // The strip is entered after the mode change is announced, and so is not there by then.
+    connect(m_keyboard.get(), &IKorvoECKeyboard::signalKorvoPluginModeChanged, this,
+            [this] { delete strip(); });
+    QVERIFY(!m_keyboard->updateKeyboard());
+    QVERIFY(!strip());
+}
+
+void tst_RightKeyboardFrame::recordsReachTheStrip_data()
+{
+    QTest::addColumn<bool>("isElsewhere");
+    QTest::newRow("from the GUI thread") << false;
+    QTest::newRow("from another thread") << true;
+}
+
+void tst_RightKeyboardFrame::recordsReachTheStrip()
+{
+    QFETCH(bool, isElsewhere);
+    auto address = std::make_shared<ECDeviceIPData>();
+    address->Index = 1;
+    address->Status = 1;
+    address->IP = 0x0d01a8c0;
+    auto input = std::make_shared<DVIInSignal>();
+    input->Index = 1;
+    input->Signal = 1;
+    const auto screens = std::make_shared<PeripheralControlVisibleState>();
+    const auto handIn = [&] {
+        m_keyboard->updateECDeviceIP(address);
+        m_keyboard->updateDVISignalStatus(input);
+        m_keyboard->updatePeripheralVisibleState(screens);
+        m_keyboard->updateDVISignalStatus(nullptr);
+        m_keyboard->updatePeripheralVisibleState(nullptr);
+    };
+    const auto *text = find<QLabel>(strip(), "label_5");
+    const auto *apply = find(strip(), "peripheralApply");
+    const auto secondInput = [this] { return find(strip(), "label_in2")->property("in2Status"); };
+    QVERIFY(!apply->isHidden());
+
+    m_keyboard->findChild<ConsoleFloatWidget *>()->slotRefreshNetStatus();
+    if (isElsewhere) {
+        runElsewhere(handIn);
+        QCOMPARE(secondInput(), QVariant(true));
+        QVERIFY(!apply->isHidden());
+        QCoreApplication::processEvents();
+    } else {
+        handIn();
+    }
+    QCOMPARE(text->text(), QStringLiteral("192.168.1.13"));
+    QCOMPARE(secondInput(), QVariant(false));
+    QVERIFY(apply->isHidden());
+}
+
+void tst_RightKeyboardFrame::theNormalStyleLeavesTheStrip()
+{
+    QVERIFY(show());
+    const auto styleSheets = [this] {
+        QStringList all;
+        const QList<QWidget *> widgets = strip()->findChildren<QWidget *>();
+        for (const QWidget *widget : widgets)
+            all << widget->styleSheet();
+        return all;
+    };
+    const QStringList before = styleSheets();
+    QVERIFY(!before.isEmpty());
+    m_keyboard->applyNoramlStyleSheet();
+    m_keyboard->updateECButtonColor(colorRecord(255, 255, 0, 0));
+    QCOMPARE(styleSheets(), before);
+}
+
+void tst_RightKeyboardFrame::nothingOfTheStripIsAKey()
+{
+    const QList<QWidget *> widgets = strip()->findChildren<QWidget *>();
+    for (const QWidget *widget : widgets)
+        QVERIFY2(!widget->property("KorvoECKey").isValid(), qPrintable(widget->objectName()));
 }
 
 QTEST_MAIN(tst_RightKeyboardFrame)

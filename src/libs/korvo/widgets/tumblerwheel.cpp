@@ -287,6 +287,8 @@ bool TumblerWheel::touch(QTouchEvent *event)
 // Whether the text was of use.
 bool TumblerWheel::type(const QString &text, qint64 ms)
 {
+    if (!text.at(0).isLetterOrNumber())
+        return false;
     const bool goesOn = m_typed.size() < typedLength && ms - m_typedMs <= typingMs;
     const QString entry = goesOn ? m_typed + text : text;
     const bool isEntry = rowOf(entry) >= 0;

@@ -26,9 +26,6 @@ class WaitingDialogPrivate;
 class KORVO_WIDGETS_EXPORT WaitingDialog : public QWidget
 {
     Q_OBJECT
-    Q_PROPERTY(QString text READ text)
-    Q_PROPERTY(TooltipLevel level READ level)
-    Q_PROPERTY(bool spinning READ isSpinning)
     Q_PROPERTY(QColor dimColor READ dimColor WRITE setDimColor NOTIFY colorsChanged)
     Q_PROPERTY(QColor panelColor READ panelColor WRITE setPanelColor NOTIFY colorsChanged)
     Q_PROPERTY(QColor borderColor READ borderColor WRITE setBorderColor NOTIFY colorsChanged)

@@ -218,6 +218,7 @@ void Octet::take(const QString &text)
         return;
     }
     m_editor->fill(octets);
+    emit textEdited(this->text());
     m_editor->enter(octetCount - 1, Arrival::AtEnd);
 }
 
@@ -304,7 +305,9 @@ void IPLineEditPrivate::announceText()
 
 void IPLineEditPrivate::followFocus()
 {
-    const bool isInside = q->isAncestorOf(QApplication::focusWidget());
+    // Asked of the octets: in a graphics scene the application knows only the view that has the focus.
+    const bool isInside = std::any_of(octets.begin(), octets.end(),
+                                      [](const Octet *octet) { return octet && octet->hasFocus(); });
     if (isFocused == isInside)
         return;
     isFocused = isInside;

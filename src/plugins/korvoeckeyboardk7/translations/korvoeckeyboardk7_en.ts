@@ -4,7 +4,126 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>ConsoleFloatWidget</name>
+    <message>
+        <source>Gooseneck lamp</source>
+        <translation>Gooseneck lamp</translation>
+    </message>
+    <message>
+        <source>Brightness</source>
+        <translation>Brightness</translation>
+    </message>
+    <message>
+        <source>Front panel lamp</source>
+        <translation>Front panel lamp</translation>
+    </message>
+    <message>
+        <source>LOGO lamp</source>
+        <translation>LOGO lamp</translation>
+    </message>
+    <message>
+        <source>LCD brightness</source>
+        <translation>LCD brightness</translation>
+    </message>
+    <message>
+        <source>Peripheral screen parameter setting</source>
+        <translation>Peripheral screen parameter setting</translation>
+    </message>
+    <message>
+        <source>Number of screens</source>
+        <translation>Number of screens</translation>
+    </message>
+    <message>
+        <source>Screen resolution</source>
+        <translation>Screen resolution</translation>
+    </message>
+    <message>
+        <source>width</source>
+        <translation>width</translation>
+    </message>
+    <message>
+        <source>height</source>
+        <translation>height</translation>
+    </message>
+    <message>
+        <source>Set as K7 Operation Screen</source>
+        <translation>Set as K7 Operation Screen</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Apply</translation>
+    </message>
+    <message>
+        <source>Dual network settings</source>
+        <translation>Dual network settings</translation>
+    </message>
+    <message>
+        <source>ETH2</source>
+        <translation>ETH2</translation>
+    </message>
+    <message>
+        <source>ETH1</source>
+        <translation>ETH1</translation>
+    </message>
+    <message>
+        <source>Setup mode</source>
+        <translation>Setup mode</translation>
+    </message>
+    <message>
+        <source>DHCP</source>
+        <translation>DHCP</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manual</translation>
+    </message>
+    <message>
+        <source>IP</source>
+        <translation>IP</translation>
+    </message>
+    <message>
+        <source>Subnet mask</source>
+        <translation>Subnet mask</translation>
+    </message>
+    <message>
+        <source>GateWay</source>
+        <translation>GateWay</translation>
+    </message>
+    <message>
+        <source>Time setting</source>
+        <translation>Time setting</translation>
+    </message>
+    <message>
+        <source>24Hours</source>
+        <translation>24Hours</translation>
+    </message>
+    <message>
+        <source>12Hours</source>
+        <translation>12Hours</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <source>Restart</source>
+        <translation>Restart</translation>
+    </message>
+    <message>
+        <source>Restart console</source>
+        <translation>Restart console</translation>
+    </message>
+</context>
+<context>
     <name>FunctionKeyboardFrame</name>
+    <message>
+        <source>Frame</source>
+        <translation>Frame</translation>
+    </message>
     <message>
         <source>FUNCTION</source>
         <translation>FUNCTION</translation>
@@ -64,6 +183,77 @@ PANEL</translation>
     </message>
 </context>
 <context>
+    <name>Korvo::Internal::ConsoleFloatWidget</name>
+    <message>
+        <source>ShutDown</source>
+        <translation>ShutDown</translation>
+    </message>
+    <message>
+        <source>The default gateway is not on the same network segment (subnet) defined by IP address and subnet mask.</source>
+        <translation>The default gateway is not on the same network segment (subnet) defined by IP address and subnet mask.</translation>
+    </message>
+    <message>
+        <source>Can&apos;t set the same segment, please retry.</source>
+        <translation>Can&apos;t set the same segment, please retry.</translation>
+    </message>
+    <message>
+        <source>Tip</source>
+        <translation>Tip</translation>
+    </message>
+    <message>
+        <source>Fail to set network information.</source>
+        <translation>Fail to set network information.</translation>
+    </message>
+    <message>
+        <source>sure</source>
+        <translation>sure</translation>
+    </message>
+    <message>
+        <source>loading , please wait.</source>
+        <translation>loading , please wait.</translation>
+    </message>
+    <message>
+        <source>Remind</source>
+        <translation>Remind</translation>
+    </message>
+    <message>
+        <source>Getting network configuration timeout.</source>
+        <translation>Getting network configuration timeout.</translation>
+    </message>
+    <message>
+        <source>Are you sure to restart console?</source>
+        <translation>Are you sure to restart console?</translation>
+    </message>
+    <message>
+        <source>restarting , please wait.</source>
+        <translation>restarting , please wait.</translation>
+    </message>
+    <message>
+        <source>Are you sure to shutdown console?</source>
+        <translation>Are you sure to shutdown console?</translation>
+    </message>
+    <message>
+        <source>shutting down , please wait.</source>
+        <translation>shutting down , please wait.</translation>
+    </message>
+    <message>
+        <source>Please select %1 operation screen.</source>
+        <translation>Please select %1 operation screen.</translation>
+    </message>
+    <message>
+        <source>time updating , please wait.</source>
+        <translation>time updating , please wait.</translation>
+    </message>
+    <message>
+        <source>Time setting failed.</source>
+        <translation>Time setting failed.</translation>
+    </message>
+    <message>
+        <source>The time setting was successful.</source>
+        <translation>The time setting was successful.</translation>
+    </message>
+</context>
+<context>
     <name>LayerKeyboardFrame</name>
     <message>
         <source>LAYER</source>
@@ -93,7 +283,46 @@ PANEL</translation>
     </message>
 </context>
 <context>
+    <name>LogoKeyboardFrame</name>
+    <message>
+        <source>Gooseneck lamp</source>
+        <translation>Gooseneck lamp</translation>
+    </message>
+    <message>
+        <source>LCD brightness</source>
+        <translation>LCD brightness</translation>
+    </message>
+    <message>
+        <source>Front panel lamp</source>
+        <translation>Front panel lamp</translation>
+    </message>
+    <message>
+        <source>ETH1:</source>
+        <translation>ETH1:</translation>
+    </message>
+    <message>
+        <source>ETH2:</source>
+        <translation>ETH2:</translation>
+    </message>
+    <message>
+        <source>DVI:</source>
+        <translation>DVI:</translation>
+    </message>
+    <message>
+        <source>IN 1</source>
+        <translation>IN 1</translation>
+    </message>
+    <message>
+        <source>IN 2</source>
+        <translation>IN 2</translation>
+    </message>
+</context>
+<context>
     <name>NumberKeyboardFrame</name>
+    <message>
+        <source>Frame</source>
+        <translation>Frame</translation>
+    </message>
     <message>
         <source>NUMBER</source>
         <translation>NUMBER</translation>
@@ -109,6 +338,10 @@ PANEL</translation>
 </context>
 <context>
     <name>PresetKeyboardFrame</name>
+    <message>
+        <source>Frame</source>
+        <translation>Frame</translation>
+    </message>
     <message>
         <source>PRESET</source>
         <translation>PRESET</translation>
@@ -164,7 +397,18 @@ PANEL</translation>
     </message>
 </context>
 <context>
+    <name>TBarKeyboadFrame</name>
+    <message>
+        <source>Frame</source>
+        <translation>Frame</translation>
+    </message>
+</context>
+<context>
     <name>TransitionKeyboardFrame</name>
+    <message>
+        <source>Frame</source>
+        <translation>Frame</translation>
+    </message>
     <message>
         <source>MIX</source>
         <translation>MIX</translation>

@@ -106,6 +106,41 @@ QImage pictureOf(WaitingDialog *dialog)
     return dialog->grab().toImage();
 }
 
+struct Seen
+{
+    QRect panel;
+    QRect letters;
+};
+
+// What can be seen of a text over a parent of that size.
+Seen seenOf(const QSize &size, const QString &text)
+{
+    QWidget parent;
+    parent.resize(size);
+    WaitingDialog dialog(&parent);
+    dialog.resize(size);
+    dialog.setDimColor(Qt::blue);
+    dialog.setPanelColor(Qt::black);
+    dialog.setBorderColor(Qt::red);
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, Qt::white);
+    dialog.setPalette(palette);
+    dialog.showWaitingDialog(text);
+
+    Seen seen;
+    const QImage image = pictureOf(&dialog).convertToFormat(QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            const QColor pixel = image.pixelColor(x, y);
+            if (pixel != QColor(Qt::blue))
+                seen.panel |= QRect(x, y, 1, 1);
+            if (pixel.green() > 200 && pixel.red() > 200)
+                seen.letters |= QRect(x, y, 1, 1);
+        }
+    }
+    return seen;
+}
+
 } // namespace
 
 using Act = std::function<void(Desk &)>;
@@ -143,6 +178,7 @@ private slots:
     void picturesDiffer();
     void longTextsAreNotClipped_data();
     void longTextsAreNotClipped();
+    void thePanelWidensBeforeTheTextShrinks();
     void withoutAParentItIsAModalWindow();
     void aStyleSheetSetsColors();
     void itCanBeDeletedWhileShown_data();
@@ -269,6 +305,7 @@ void tst_WaitingDialog::inputStopsAtIt()
     QFETCH(Act, act);
     Desk desk;
     QVERIFY(desk.isReady);
+    desk.panel->setAttribute(Qt::WA_AcceptTouchEvents);
     desk.first->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_F5));
     WaitingDialog dialog(desk.panel);
     dialog.showWaitingDialog(aText);
@@ -577,35 +614,18 @@ void tst_WaitingDialog::longTextsAreNotClipped()
 {
     QFETCH(QSize, size);
     QFETCH(QString, text);
-    QWidget parent;
-    parent.resize(size);
-    WaitingDialog dialog(&parent);
-    dialog.resize(size);
-    dialog.setDimColor(Qt::blue);
-    dialog.setPanelColor(Qt::black);
-    dialog.setBorderColor(Qt::red);
-    QPalette palette;
-    palette.setColor(QPalette::WindowText, Qt::white);
-    dialog.setPalette(palette);
-    dialog.showWaitingDialog(text);
+    const Seen seen = seenOf(size, text);
+    QVERIFY(QRect(QPoint(), size).adjusted(4, 4, -4, -4).contains(seen.panel));
+    QVERIFY(!seen.letters.isEmpty());
+    QVERIFY(seen.panel.adjusted(4, 4, -4, -4).contains(seen.letters));
+}
 
-    // The panel is whole, and no letter touches its border.
-    const QImage image = pictureOf(&dialog).convertToFormat(QImage::Format_RGB32);
-    QCOMPARE(image.size(), size);
-    QRect panel;
-    QRect letters;
-    for (int y = 0; y < size.height(); ++y) {
-        for (int x = 0; x < size.width(); ++x) {
-            const QColor pixel = image.pixelColor(x, y);
-            if (pixel != QColor(Qt::blue))
-                panel |= QRect(x, y, 1, 1);
-            if (pixel.green() > 200 && pixel.red() > 200)
-                letters |= QRect(x, y, 1, 1);
-        }
-    }
-    QVERIFY(QRect(QPoint(), size).adjusted(4, 4, -4, -4).contains(panel));
-    QVERIFY(!letters.isEmpty());
-    QVERIFY(panel.adjusted(4, 4, -4, -4).contains(letters));
+void tst_WaitingDialog::thePanelWidensBeforeTheTextShrinks()
+{
+    const Seen high = seenOf(QSize(950, 600), aLongText);
+    const Seen flat = seenOf(QSize(950, 160), aLongText);
+    QVERIFY(flat.letters.width() > high.letters.width());
+    QVERIFY(flat.letters.width() * flat.letters.height() > high.letters.width() * high.letters.height() / 2);
 }
 
 void tst_WaitingDialog::withoutAParentItIsAModalWindow()
