@@ -6,10 +6,10 @@
 //
 //  - a mutex and a semaphore order as such;
 //  - what comes before the start of a function in a thread pool comes before the function;
-//  - what a thread did before it emitted a signal, made a connection or posted an event comes before every
+//  - what a thread did before it emitted a signal or made a connection comes before every
 //    event that is delivered later. It is more than Qt promises, since it does not ask for which receiver,
 //    but a smaller promise would need Qt's private headers;
-//  - what a thread did before it last unlocked a mutex comes before the end of a wait for the thread.
+//  - what a thread did comes before the end of a wait for it.
 //
 // Nothing else is promised: two threads that touch something of ours without one of these are reported.
 
@@ -24,8 +24,6 @@
 #include <sanitizer/tsan_interface.h>
 
 #include <dlfcn.h>
-#include <sys/syscall.h>
-#include <unistd.h>
 
 namespace {
 
@@ -35,11 +33,6 @@ template <typename Function>
 Function *theirs(const char *name)
 {
     return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
-}
-
-bool isMainThread()
-{
-    return syscall(SYS_gettid) == getpid();
 }
 
 bool beforeEvent(void **)
@@ -77,8 +70,6 @@ KORVO_ORDER(_ZN6QMutex7tryLockEi, bool, QMutex *mutex, int timeout)
 KORVO_ORDER(_ZN6QMutex6unlockEv, void, QMutex *mutex)
 {
     static auto *const unlock = theirs<void(QMutex *)>("_ZN6QMutex6unlockEv");
-    if (!isMainThread())
-        __tsan_release(QThread::currentThread());
     __tsan_mutex_pre_unlock(mutex, 0);
     unlock(mutex);
     __tsan_mutex_post_unlock(mutex, 0);
@@ -112,6 +103,15 @@ KORVO_ORDER(_ZN10QSemaphore10tryAcquireEii, bool, QSemaphore *semaphore, int cou
     if (isAcquired)
         __tsan_acquire(semaphore);
     return isAcquired;
+}
+
+// A thread tells of its end itself, before whoever waits for it goes on.
+KORVO_ORDER(_ZN7QThreadC2EP7QObject, void, QThread *thread, QObject *parent)
+{
+    static auto *const construct = theirs<void(QThread *, QObject *)>("_ZN7QThreadC2EP7QObject");
+    construct(thread, parent);
+    QObject::connect(
+        thread, &QThread::finished, thread, [thread] { __tsan_release(thread); }, Qt::DirectConnection);
 }
 
 KORVO_ORDER(_ZN7QThread4waitE14QDeadlineTimer, bool, QThread *thread, QDeadlineTimer deadline)

@@ -7,8 +7,6 @@
 #include "floatwidgetwidthbutton.h"
 #include "support.h"
 
-#include <ovo/widgets/iplineedit.h>
-
 #include <QTest>
 #include <QThread>
 
@@ -20,7 +18,6 @@
 using namespace Korvo;
 using Korvo::Internal::ConsoleFloatWidget;
 using Korvo::Internal::FloatWidgetWidthButton;
-using Ovo::Widgets::IPLineEdit;
 
 namespace {
 
