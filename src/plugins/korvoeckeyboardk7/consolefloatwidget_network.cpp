@@ -357,7 +357,7 @@ void ConsoleFloatWidget::networkTimedOut(quint32 number)
     const auto request =
         std::find_if(m_networkRequests.begin(), m_networkRequests.end(),
                      [number](const NetworkRequest &waiting) { return waiting.number == number; });
-    if (request == m_networkRequests.end())
+    if (m_IsFinished || request == m_networkRequests.end())
         return;
     request->hasTimedOut = true;
     if (number == m_lastNetworkRequest) {

@@ -31,6 +31,7 @@ void InternetThread::setThreadFun(InternetFun fun)
 {
     const QMutexLocker locker(&m_mutex);
     m_threadFun = std::move(fun);
+    m_isStoredWorkNew = true;
 }
 
 void InternetThread::setCurrentETH(const QString &eth)
@@ -45,16 +46,28 @@ void InternetThread::start(Priority priority)
         const QMutexLocker locker(&m_mutex);
         m_waiting.enqueue({m_threadFun, m_ethStr});
         m_ethStr.clear();
+        m_isStoredWorkNew = false;
     }
     QThread::start(priority);
 }
 
 void InternetThread::run()
 {
-    while (const std::optional<Work> work = takeWork()) {
+    for (std::optional<Work> work = takeFirstWork(); work; work = takeWork()) {
         const int result = work->fun();
         Q_EMIT signal_setEthModeFinished(work->eth, result);
     }
+}
+
+/// Started as any other thread, it does what is stored.
+std::optional<InternetThread::Work> InternetThread::takeFirstWork()
+{
+    const QMutexLocker locker(&m_mutex);
+    if (!m_waiting.isEmpty())
+        return m_waiting.dequeue();
+    if (!std::exchange(m_isStoredWorkNew, false))
+        return {};
+    return Work{m_threadFun, std::exchange(m_ethStr, QString())};
 }
 
 std::optional<InternetThread::Work> InternetThread::takeWork()

@@ -51,12 +51,14 @@ private:
         QString eth;
     };
 
+    std::optional<Work> takeFirstWork();
     std::optional<Work> takeWork();
     bool isWorkWaiting();
 
     QMutex m_mutex; // of all that follows
     InternetFun m_threadFun;
     QString m_ethStr;
+    bool m_isStoredWorkNew = true; // no start() has taken it
     QQueue<Work> m_waiting;
 };
 

@@ -4,21 +4,19 @@
 #pragma once
 
 #include "consolefloatwidget.h"
+#include "settingsfolder.h"
 
 #include <korvo/keyboard/records.h>
 #include <korvo/widgets/waitingdialog.h>
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QFile>
 #include <QLabel>
 #include <QMessageBox>
 #include <QMutex>
 #include <QPointer>
 #include <QPushButton>
-#include <QSettings>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
 #include <QTimer>
@@ -32,38 +30,6 @@ inline QString operator"" _q(const char *text, size_t size)
 {
     return QString::fromLatin1(text, int(size));
 }
-
-/// The settings of panels made while it lives, in a folder that goes with it.
-class SettingsFolder
-{
-public:
-    SettingsFolder()
-    {
-        if (!m_folder.isValid())
-            qFatal("no temporary folder");
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
-    }
-    Q_DISABLE_COPY(SettingsFolder)
-
-    /// What the file holds: settings objects of one file share what they know before they write it.
-    QVariant onDisk(const QString &key) const
-    {
-        const QString copy = m_folder.filePath("copy.ini"_q);
-        QFile::remove(copy);
-        QFile::copy(file(), copy);
-        return QSettings(copy, QSettings::IniFormat).value(key);
-    }
-    void store(const QString &key, const QVariant &value) const
-    {
-        QSettings settings(file(), QSettings::IniFormat);
-        settings.setValue(key, value);
-    }
-
-private:
-    QString file() const { return m_folder.filePath("LUMETRA/korvoeckeyboardk7.ini"_q); }
-
-    const QTemporaryDir m_folder;
-};
 
 /// Takes down what a panel emits, in the order of emission; "elsewhere" is any thread but the GUI's.
 class Journal : public QObject

@@ -152,6 +152,7 @@ private slots:
     void theFirstOfTwoMayTimeOut();
     void lateCompletionOfTheFirstOfTwoChangesNothing();
     void theSecondOfTwoMayTimeOut();
+    void theSecondOfTwoMayTimeOutAfterTheFirstHasEnded();
     void applyAfterATimeOutStartsAnew();
 
     // The end of the panel.
@@ -1307,17 +1308,37 @@ void tst_ConsoleNetwork::theSecondOfTwoMayTimeOut()
 {
     HeldWorker worker(m_panel.get());
     const BoxAnswerer answerer;
+    m_panel->setDelays({500, 0});
     apply(0, NewTexts);
     QVERIFY(worker.hasStopped());
     m_panel->setDelays({30, 0});
     m_panel->slotInternetInfoChanged();
     QTRY_COMPARE(answerer.boxes.size(), 1);
     QTRY_COMPARE(busyText(), QString()); // it goes with the last one
+    QVERIFY(letPass(600));
+    QCOMPARE(answerer.boxes.size(), 1); // nothing is waited for any more
     worker.letGo(2);
     QTRY_COMPARE(m_journal->linesOf("mode"_q).size(), 2);
     QVERIFY(letPass(50));
     QCOMPARE(answerer.boxes.size(), 1);
     QCOMPARE(busyText(), QString());
+}
+
+void tst_ConsoleNetwork::theSecondOfTwoMayTimeOutAfterTheFirstHasEnded()
+{
+    HeldWorker worker(m_panel.get());
+    const BoxAnswerer answerer;
+    apply(0, NewTexts);
+    QVERIFY(worker.hasStopped());
+    m_panel->setDelays({300, 0});
+    m_panel->slotInternetInfoChanged();
+    worker.letGo();
+    QVERIFY(worker.hasStopped());
+    QTRY_COMPARE(m_journal->linesOf("ask"_q).size(), 2); // of the port's button, and of the first's end
+    QCOMPARE(answerer.boxes.size(), 0);
+    QCOMPARE(busyText(), "loading , please wait."_q);
+    QTRY_COMPARE(answerer.boxes.size(), 1);
+    QTRY_COMPARE(busyText(), QString());
 }
 
 void tst_ConsoleNetwork::applyAfterATimeOutStartsAnew()

@@ -75,6 +75,7 @@ private slots:
     void theResultAndTheNameAreTold_data();
     void theResultAndTheNameAreTold();
     void theEndIsToldOnTheThreadAndQueuedToTheGui();
+    void aPlainStartDoesWhatIsStoredOnce();
     void theThreadIsUsedAgain();
     void theNameHoldsForOneRun();
     void theLastWorkSetBeforeAStartCounts();
@@ -168,6 +169,19 @@ void tst_InternetThread::theEndIsToldOnTheThreadAndQueuedToTheGui()
     QVERIFY(ends.areOnWorker());
     QCOMPARE(onGui, QStringList());
     QTRY_COMPARE(onGui, QStringList{"eth2 3"_q});
+}
+
+void tst_InternetThread::aPlainStartDoesWhatIsStoredOnce()
+{
+    QSignalSpy finished(m_thread.get(), &InternetThread::signal_setEthModeFinished);
+    m_thread->setThreadFun([] { return 5; });
+    m_thread->setCurrentETH(QStringLiteral("eth2"));
+    static_cast<QThread *>(m_thread.get())->start();
+    QVERIFY(m_thread->wait());
+    static_cast<QThread *>(m_thread.get())->start();
+    QVERIFY(m_thread->wait());
+    QTRY_COMPARE(finished.count(), 1);
+    QCOMPARE(finished.at(0), (QVariantList{QStringLiteral("eth2"), 5}));
 }
 
 void tst_InternetThread::theThreadIsUsedAgain()
