@@ -147,26 +147,27 @@ void ConsoleFloatWidget::createConnects()
 {
     using Self = ConsoleFloatWidget;
     using Group = QButtonGroup;
-    const auto toggled = &Widgets::SwitchControl::toggled;
-    const auto valueChanged = &Widgets::SliderEditFrame::valueChanged;
-    const auto buttonToggled = QOverload<int, bool>::of(&Group::buttonToggled);
+    using Switch = Widgets::SwitchControl;
+    using Editor = Widgets::SliderEditFrame;
 
-    connect(ui->switch_groosen, toggled, this, &Self::slotGrooseneckLightStatusChanged);
-    connect(ui->switch_front, toggled, this, &Self::slotFrontLightStatusChanged);
-    connect(ui->switch_logo, toggled, this, &Self::slotLogoLightStatusChanged);
+    connect(ui->switch_groosen, &Switch::toggled, this, &Self::slotGrooseneckLightStatusChanged);
+    connect(ui->switch_front, &Switch::toggled, this, &Self::slotFrontLightStatusChanged);
+    connect(ui->switch_logo, &Switch::toggled, this, &Self::slotLogoLightStatusChanged);
     connect(ui->pushButton_time, &QPushButton::clicked, this, &Self::slotTimeChanged);
-    connect(m_pWANGroup, buttonToggled, this, &Self::slotWANToggled);
-    connect(m_pInternetGroup, buttonToggled, this, &Self::slotInternetGroupToggled);
+    connect(m_pWANGroup, QOverload<int, bool>::of(&Group::buttonToggled), this, &Self::slotWANToggled);
+    connect(m_pInternetGroup, QOverload<int, bool>::of(&Group::buttonToggled), this,
+            &Self::slotInternetGroupToggled);
     connect(ui->pushButton_apply, &QPushButton::clicked, this, &Self::slotInternetInfoChanged);
     connectBrightness();
-    connect(ui->widget_lcd, valueChanged, this, &Self::slotSiderValueChanged);
+    connect(ui->widget_lcd, &Editor::valueChanged, this, &Self::slotSiderValueChanged);
     connect(ui->pushButton_restart, &QPushButton::clicked, this, &Self::slotRestart);
     connect(m_pShutdownButton, &QPushButton::clicked, this, &Self::slotShutdown);
     connect(ui->peripheralApply, &QPushButton::clicked, this, &Self::slotSetPeripheralData);
-    connect(m_pTimeTypeGroup, buttonToggled, this, &Self::slotTimeDisplayChanged);
+    connect(m_pTimeTypeGroup, QOverload<int, bool>::of(&Group::buttonToggled), this,
+            &Self::slotTimeDisplayChanged);
     connect(ui->currentPanelCheckBox, &QCheckBox::stateChanged, this, &Self::slotPanelCheckStateChanged);
-    connect(ui->spinBox_width, valueChanged, this, &Self::slotScreenFrameChanged);
-    connect(ui->spinBox_height, valueChanged, this, &Self::slotScreenFrameChanged);
+    connect(ui->spinBox_width, &Editor::valueChanged, this, &Self::slotScreenFrameChanged);
+    connect(ui->spinBox_height, &Editor::valueChanged, this, &Self::slotScreenFrameChanged);
 }
 
 void ConsoleFloatWidget::initIPWidget()

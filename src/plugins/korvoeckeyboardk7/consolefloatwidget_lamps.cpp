@@ -29,9 +29,9 @@ void ConsoleFloatWidget::initLamps()
 
 void ConsoleFloatWidget::connectBrightness()
 {
-    const auto valueChanged = &Widgets::SliderEditFrame::valueChanged;
-    connect(ui->widget_groosen, valueChanged, this, &ConsoleFloatWidget::slotGrooseneckValueChanged);
-    connect(ui->widget_front, valueChanged, this, &ConsoleFloatWidget::slotFrontValueChanged);
+    using Editor = Widgets::SliderEditFrame;
+    connect(ui->widget_groosen, &Editor::valueChanged, this, &ConsoleFloatWidget::slotGrooseneckValueChanged);
+    connect(ui->widget_front, &Editor::valueChanged, this, &ConsoleFloatWidget::slotFrontValueChanged);
 }
 
 int ConsoleFloatWidget::storedBrightness(const QString &key) const
@@ -43,9 +43,10 @@ int ConsoleFloatWidget::storedBrightness(const QString &key) const
 
 void ConsoleFloatWidget::loadBrightness()
 {
-    const auto valueChanged = &Widgets::SliderEditFrame::valueChanged;
-    disconnect(ui->widget_groosen, valueChanged, this, &ConsoleFloatWidget::slotGrooseneckValueChanged);
-    disconnect(ui->widget_front, valueChanged, this, &ConsoleFloatWidget::slotFrontValueChanged);
+    using Editor = Widgets::SliderEditFrame;
+    disconnect(ui->widget_groosen, &Editor::valueChanged, this,
+               &ConsoleFloatWidget::slotGrooseneckValueChanged);
+    disconnect(ui->widget_front, &Editor::valueChanged, this, &ConsoleFloatWidget::slotFrontValueChanged);
     ui->widget_groosen->setValue(storedBrightness(QStringLiteral("grooseneckValue")));
     ui->widget_front->setValue(storedBrightness(QStringLiteral("frontValue")));
     connectBrightness();

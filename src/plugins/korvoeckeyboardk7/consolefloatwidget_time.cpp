@@ -124,9 +124,9 @@ void ConsoleFloatWidget::startTimeSetting(const QString &date, const QString &ti
     showWaiting(tr("time updating , please wait."));
     if (!m_pWatcher)
         m_pWatcher = new QFutureWatcher<int>;
-    const auto finished = &QFutureWatcher<int>::finished;
-    disconnect(m_pWatcher, finished, this, &ConsoleFloatWidget::slotChangeTimeFinished);
-    connect(m_pWatcher, finished, this, &ConsoleFloatWidget::slotChangeTimeFinished);
+    using Watcher = QFutureWatcher<int>;
+    disconnect(m_pWatcher, &Watcher::finished, this, &ConsoleFloatWidget::slotChangeTimeFinished);
+    connect(m_pWatcher, &Watcher::finished, this, &ConsoleFloatWidget::slotChangeTimeFinished);
 
     m_timeFuture = QtConcurrent::run(this, &ConsoleFloatWidget::setSystemTime, date, time);
     m_timeRuns.erase(std::remove_if(m_timeRuns.begin(), m_timeRuns.end(),

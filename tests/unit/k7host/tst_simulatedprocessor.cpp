@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The K7 keyboard authors
 // SPDX-License-Identifier: MIT
 
+// clazy:excludeall=lambda-in-connect (what is captured outlives the connections)
+
 #include <networkaddress.h>
 #include <simulatedprocessor.h>
 
@@ -648,7 +650,7 @@ void tst_SimulatedProcessor::addressRequestsAreAnsweredAfterAWhile()
     QCOMPARE(answer->interval(), 40);
     QTRY_COMPARE(ips().size(), 1);
     QVERIFY(!answer->isActive());
-    const Ip record = ips().first();
+    const Ip record = ips().constFirst();
     QCOMPARE(int(record->Index), port);
     QCOMPARE(record->Status, quint8(1));
     QTEST(addressText(record->IP), "expectedIp");
@@ -725,8 +727,8 @@ void tst_SimulatedProcessor::refusedAddressesLeaveTheOldOnes()
     m_processor->addressChangeRequested(1, 1);
     QCOMPARE(activeTimers(), QStringList());
     QCOMPARE(ips().size(), 1);
-    QCOMPARE(addressText(ips().first()->IP), text("192.168.1.13"));
-    QCOMPARE(ips().first()->Status, quint8(1));
+    QCOMPARE(addressText(ips().constFirst()->IP), text("192.168.1.13"));
+    QCOMPARE(ips().constFirst()->Status, quint8(1));
 }
 
 void tst_SimulatedProcessor::aSecondChangeWhileTheLinkIsDownHoldsInTheEnd()
@@ -736,8 +738,8 @@ void tst_SimulatedProcessor::aSecondChangeWhileTheLinkIsDownHoldsInTheEnd()
         m_processor->addressChangeRequested(1, 1);
     }
     waitForIps(3);
-    QCOMPARE(addressText(ips().last()->IP), text("10.0.0.3"));
-    QCOMPARE(ips().last()->Status, quint8(1));
+    QCOMPARE(addressText(ips().constLast()->IP), text("10.0.0.3"));
+    QCOMPARE(ips().constLast()->Status, quint8(1));
     QCOMPARE(ips().at(1)->Status, quint8(0));
 }
 
@@ -808,7 +810,7 @@ void tst_SimulatedProcessor::aRestartGoesDarkAndComesBack()
     QCOMPARE(m_visibilities.size(), 1);
     QCOMPARE(m_dviSignals.size(), 2);
     QTRY_COMPARE(ips().size(), 2);
-    QCOMPARE(ips().first()->Status, quint8(1));
+    QCOMPARE(ips().constFirst()->Status, quint8(1));
     QCOMPARE(activeTimers(), QStringList());
 }
 
@@ -888,7 +890,8 @@ void tst_SimulatedProcessor::goingDarkStopsWhatIsPending()
     forget();
     m_processor->switchOn();
     QTRY_COMPARE(ips().size(), 2);
-    for (const Ip &record : ips())
+    const auto records = ips();
+    for (const Ip &record : records)
         QCOMPARE(record->Status, quint8(1));
 }
 

@@ -65,7 +65,8 @@ public:
     QVariant onDisk(const QString &key) const { return stored().value(key); }
     void store(const QString &key, const QVariant &value) const
     {
-        QSettings(file(), QSettings::IniFormat).setValue(key, value);
+        QSettings settings(file(), QSettings::IniFormat);
+        settings.setValue(key, value);
     }
 
 private:

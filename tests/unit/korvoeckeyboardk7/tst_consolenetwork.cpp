@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The K7 keyboard authors
 // SPDX-License-Identifier: MIT
 
+// clazy:excludeall=lambda-in-connect (what is captured outlives the connections)
+
 #include "consolefloatwidget.h"
 
 #include "consolepanel.h"
@@ -37,10 +39,22 @@ std::shared_ptr<ECDeviceIPData> eth0Record()
     return addressRecord(1, 1, address(192, 168, 1, 13), UsualMask, address(192, 168, 1, 1));
 }
 
-const QStringList Eth2Texts{"10.20.30.40"_q, "255.255.0.0"_q, "10.20.0.1"_q};
-const QStringList Eth0Texts{"192.168.1.13"_q, "255.255.255.0"_q, "192.168.1.1"_q};
-const QStringList UnknownTexts{"0.0.0.0"_q, "255.255.255.0"_q, "0.0.0.0"_q};
-const QStringList NewTexts{"172.16.5.6"_q, "255.255.255.0"_q, "172.16.5.1"_q};
+QStringList eth2Texts()
+{
+    return {"10.20.30.40"_q, "255.255.0.0"_q, "10.20.0.1"_q};
+}
+QStringList eth0Texts()
+{
+    return {"192.168.1.13"_q, "255.255.255.0"_q, "192.168.1.1"_q};
+}
+QStringList unknownTexts()
+{
+    return {"0.0.0.0"_q, "255.255.255.0"_q, "0.0.0.0"_q};
+}
+QStringList newTexts()
+{
+    return {"172.16.5.6"_q, "255.255.255.0"_q, "172.16.5.1"_q};
+}
 
 /// Stops the worker where it tells the host of the new mode, until it is let go.
 class HeldWorker : public QObject
@@ -260,9 +274,9 @@ void tst_ConsoleNetwork::aNullRecordIsLoggedAndIgnored()
     m_panel->updateECDeviceIP(nullptr);
     QCoreApplication::processEvents();
     QCOMPARE(m_journal->lines(), (QStringList{"ask 0"_q, "ask 1"_q}));
-    QCOMPARE(fieldTexts(), Eth0Texts);
-    QCOMPARE(tableTexts(0), Eth2Texts + QStringList{"0"_q});
-    QCOMPARE(tableTexts(1), Eth0Texts + QStringList{"1"_q});
+    QCOMPARE(fieldTexts(), eth0Texts());
+    QCOMPARE(tableTexts(0), eth2Texts() + QStringList{"0"_q});
+    QCOMPARE(tableTexts(1), eth0Texts() + QStringList{"1"_q});
 }
 
 void tst_ConsoleNetwork::aReportedAddressCanBeRead_data()
@@ -274,9 +288,9 @@ void tst_ConsoleNetwork::aReportedAddressCanBeRead_data()
     QTest::addColumn<quint32>("gateway");
     QTest::addColumn<QStringList>("expectedTexts");
     QTest::newRow("ETH1") << quint8(1) << quint8(1) << 0x0d01a8c0u << 0x00ffffffu << 0x0101a8c0u
-                          << (Eth0Texts + QStringList{"1"_q});
+                          << (eth0Texts() + QStringList{"1"_q});
     QTest::newRow("ETH2") << quint8(0) << quint8(0) << 0x281e140au << 0x0000ffffu << 0x0100140au
-                          << (Eth2Texts + QStringList{"0"_q});
+                          << (eth2Texts() + QStringList{"0"_q});
     QTest::newRow("zeros") << quint8(0) << quint8(0) << 0u << 0u << 0u
                            << QStringList{"0.0.0.0"_q, "0.0.0.0"_q, "0.0.0.0"_q, "0"_q};
     QTest::newRow("the highest") << quint8(255) << quint8(255) << 0xffffffffu << 0xffffffffu << 0xffffffffu
@@ -325,7 +339,7 @@ void tst_ConsoleNetwork::aSecondRecordOverwritesTheFirst()
     m_panel->updateECDeviceIP(
         addressRecord(1, 9, address(1, 2, 3, 4), address(5, 6, 7, 8), address(9, 10, 11, 12)));
     QCOMPARE(tableTexts(1), (QStringList{"1.2.3.4"_q, "5.6.7.8"_q, "9.10.11.12"_q, "9"_q}));
-    QCOMPARE(tableTexts(0), Eth2Texts + QStringList{"0"_q});
+    QCOMPARE(tableTexts(0), eth2Texts() + QStringList{"0"_q});
 }
 
 void tst_ConsoleNetwork::aRecordFromAnotherThreadIsInTheTableAtOnce()
@@ -334,9 +348,9 @@ void tst_ConsoleNetwork::aRecordFromAnotherThreadIsInTheTableAtOnce()
     m_journal->takeLines();
     // Meant for the fields.
     runElsewhere([this] { m_panel->updateECDeviceIP(eth0Record()); });
-    QCOMPARE(fieldTexts(), UnknownTexts); // widgets are the GUI thread's
+    QCOMPARE(fieldTexts(), unknownTexts()); // widgets are the GUI thread's
     QCoreApplication::processEvents();
-    QCOMPARE(fieldTexts(), Eth0Texts);
+    QCOMPARE(fieldTexts(), eth0Texts());
 
     // Meant for the strip.
     m_panel->slotRefreshNetStatus();
@@ -361,7 +375,7 @@ void tst_ConsoleNetwork::aRecordOfAnUnknownPortIsKeptButNotShown()
     m_journal->takeLines();
     const auto unknown = addressRecord(7, 1, address(7, 7, 7, 7), UsualMask, address(7, 7, 7, 1));
     m_panel->updateECDeviceIP(unknown);
-    QCOMPARE(fieldTexts(), Eth2Texts);
+    QCOMPARE(fieldTexts(), eth2Texts());
     m_panel->slotRefreshNetStatus();
     m_journal->takeLines();
     m_panel->updateECDeviceIP(unknown);
@@ -418,7 +432,7 @@ void tst_ConsoleNetwork::anAnswerToARefreshGoesToTheStrip()
     // Further records answer the same refresh until something else is asked.
     m_panel->updateECDeviceIP(eth2Record());
     QCOMPARE(m_journal->takeLines().size(), 4);
-    QCOMPARE(fieldTexts(), UnknownTexts);
+    QCOMPARE(fieldTexts(), unknownTexts());
 }
 
 void tst_ConsoleNetwork::aHostMayAnswerARefreshAtOnce()
@@ -435,9 +449,9 @@ void tst_ConsoleNetwork::anAnswerToAQuestionGoesToTheFields()
 {
     portButton(0)->setChecked(true); // asks
     QCOMPARE(m_journal->takeLines(), QStringList{"ask 0"_q});
-    QCOMPARE(fieldTexts(), UnknownTexts);
+    QCOMPARE(fieldTexts(), unknownTexts());
     m_panel->updateECDeviceIP(eth2Record());
-    QCOMPARE(fieldTexts(), Eth2Texts);
+    QCOMPARE(fieldTexts(), eth2Texts());
     QCOMPARE(m_journal->lines(), QStringList());
 }
 
@@ -448,13 +462,13 @@ void tst_ConsoleNetwork::aQuestionTakesTheAnswersFromTheStrip()
     portButton(1)->setChecked(true);
     m_journal->takeLines();
     m_panel->updateECDeviceIP(eth0Record());
-    QCOMPARE(fieldTexts(), Eth0Texts);
+    QCOMPARE(fieldTexts(), eth0Texts());
     QCOMPARE(m_journal->takeLines(), QStringList());
 
     m_panel->slotRefreshNetStatus();
     m_journal->takeLines();
     m_panel->updateECDeviceIP(addressRecord(1, 0, address(1, 2, 3, 4), UsualMask, address(1, 2, 3, 1)));
-    QCOMPARE(fieldTexts(), Eth0Texts);
+    QCOMPARE(fieldTexts(), eth0Texts());
     QCOMPARE(m_journal->takeLines(), (QStringList{"status eth0 0"_q, "text 1 1.2.3.4"_q}));
 }
 
@@ -464,7 +478,7 @@ void tst_ConsoleNetwork::anAnswerAsksForNothing()
             [this](quint8 port) { m_panel->updateECDeviceIP(port == 0 ? eth2Record() : eth0Record()); });
     portButton(0)->setChecked(true);
     QCOMPARE(m_journal->takeLines(), QStringList{"ask 0"_q}); // and not for ever
-    QCOMPARE(fieldTexts(), Eth2Texts);
+    QCOMPARE(fieldTexts(), eth2Texts());
     m_panel->updateECDeviceIP(eth0Record());
     QCOMPARE(m_journal->takeLines(), QStringList());
 }
@@ -473,9 +487,9 @@ void tst_ConsoleNetwork::anAnswerForTheOtherPortIsNotShown()
 {
     m_panel->updateECDeviceIP(eth0Record());
     portButton(1)->setChecked(true);
-    QCOMPARE(fieldTexts(), Eth0Texts);
+    QCOMPARE(fieldTexts(), eth0Texts());
     m_panel->updateECDeviceIP(eth2Record());
-    QCOMPARE(fieldTexts(), Eth0Texts);
+    QCOMPARE(fieldTexts(), eth0Texts());
 }
 
 void tst_ConsoleNetwork::anAnswerWithoutASelectedPortIsNotShown()
@@ -578,7 +592,7 @@ void tst_ConsoleNetwork::theStoredPortIsSelected()
     const int status = isReported ? expectedPort : 0;
     QCOMPARE(lines.mid(lines.indexOf(expectedNet) + 1, 2),
              (QStringList{"ask %1"_q.arg(expectedPort), "status %1 %2"_q.arg(eth).arg(status)}));
-    QCOMPARE(fieldTexts(), !isReported ? UnknownTexts : expectedPort == 0 ? Eth2Texts : Eth0Texts);
+    QCOMPARE(fieldTexts(), !isReported ? unknownTexts() : expectedPort == 0 ? eth2Texts() : eth0Texts());
 }
 
 void tst_ConsoleNetwork::loadingAgainAsksAgain()
@@ -589,7 +603,7 @@ void tst_ConsoleNetwork::loadingAgainAsksAgain()
     m_panel->initParm();
     QCOMPARE(m_journal->lines().mid(0, 3),
              (QStringList{"ask 1"_q, "ask 0"_q, "net 1 '192.168.1.13' '255.255.255.0'"_q}));
-    QCOMPARE(fieldTexts(), Eth0Texts);
+    QCOMPARE(fieldTexts(), eth0Texts());
 }
 
 void tst_ConsoleNetwork::aPortButtonShowsItsPort_data()
@@ -600,13 +614,13 @@ void tst_ConsoleNetwork::aPortButtonShowsItsPort_data()
     QTest::addColumn<QString>("expectedStored");
     QTest::addColumn<QStringList>("expectedFields");
     QTest::newRow("ETH2") << 0 << true << "ETH2"_q
-                          << "eth2"_q << Eth2Texts;
+                          << "eth2"_q << eth2Texts();
     QTest::newRow("ETH1") << 1 << true << "ETH1"_q
-                          << "eth0"_q << Eth0Texts;
+                          << "eth0"_q << eth0Texts();
     QTest::newRow("ETH2, not reported") << 0 << false << "ETH2"_q
-                                        << "eth2"_q << UnknownTexts;
+                                        << "eth2"_q << unknownTexts();
     QTest::newRow("ETH1, not reported") << 1 << false << "ETH1"_q
-                                        << "eth0"_q << UnknownTexts;
+                                        << "eth0"_q << unknownTexts();
 }
 
 void tst_ConsoleNetwork::aPortButtonShowsItsPort()
@@ -642,9 +656,9 @@ void tst_ConsoleNetwork::aPortButtonShowsWhatTheHostAnswersAtOnce()
     connect(m_panel.get(), &ConsoleFloatWidget::signalReqECDeviceIP, m_journal.get(),
             [this](quint8 port) { m_panel->updateECDeviceIP(port == 0 ? eth2Record() : eth0Record()); });
     portButton(1)->setChecked(true);
-    QCOMPARE(fieldTexts(), Eth0Texts);
+    QCOMPARE(fieldTexts(), eth0Texts());
     portButton(0)->setChecked(true);
-    QCOMPARE(fieldTexts(), Eth2Texts);
+    QCOMPARE(fieldTexts(), eth2Texts());
     QCOMPARE(m_journal->lines(), (QStringList{"ask 1"_q, "ask 0"_q}));
 }
 
@@ -698,7 +712,7 @@ void tst_ConsoleNetwork::aModeButtonSwitchesTheFields()
     for (const IPLineEdit *field : all)
         QCOMPARE(field->isEnabled(), mode == ConsoleFloatWidget::Manual);
     QCOMPARE(m_journal->lines(), expectedLines);
-    QCOMPARE(fieldTexts(), port < 0 ? before : port == 0 ? Eth2Texts : Eth0Texts);
+    QCOMPARE(fieldTexts(), port < 0 ? before : port == 0 ? eth2Texts() : eth0Texts());
     const QVariant stored = m_settings->onDisk("ethMode"_q);
     QCOMPARE(stored.isValid(), port >= 0);
     QCOMPARE(stored.toInt(), port >= 0 ? mode : 0);
@@ -724,8 +738,8 @@ void tst_ConsoleNetwork::anUncheckedModeButtonOnlyRises()
 
 void tst_ConsoleNetwork::anAddressIsWrittenIntoTheFields()
 {
-    m_panel->setNetParm(NewTexts.at(0), NewTexts.at(1), NewTexts.at(2));
-    QCOMPARE(fieldTexts(), NewTexts);
+    m_panel->setNetParm(newTexts().at(0), newTexts().at(1), newTexts().at(2));
+    QCOMPARE(fieldTexts(), newTexts());
     QCOMPARE(m_journal->lines(), QStringList());
 }
 
@@ -733,10 +747,10 @@ void tst_ConsoleNetwork::aKnownAddressIsWrittenAllTheSame()
 {
     fill({"192.168.1.13"_q, "255.255.0.0"_q, "192.168.1.1"_q});
     m_panel->setNetParm("192.168.1.13"_q, "255.255.255.0"_q, "192.168.1.1"_q);
-    QCOMPARE(fieldTexts(), Eth0Texts);
+    QCOMPARE(fieldTexts(), eth0Texts());
     fill({"1.2.3.4"_q, "255.255.255.0"_q, "255.255.255.0"_q});
     m_panel->setNetParm("192.168.1.13"_q, "255.255.255.0"_q, "255.255.255.0"_q);
-    QCOMPARE(fieldTexts().first(), "192.168.1.13"_q);
+    QCOMPARE(fieldTexts().constFirst(), "192.168.1.13"_q);
     fill({"1.2.3.4"_q, "9.9.9.9"_q, "5.5.5.5"_q});
     m_panel->setNetParm("1.2.3.4"_q, "255.255.255.0"_q, "255.255.255.0"_q);
     QCOMPARE(fieldTexts(), (QStringList{"1.2.3.4"_q, "255.255.255.0"_q, "255.255.255.0"_q}));
@@ -796,7 +810,7 @@ void tst_ConsoleNetwork::anAnswerDoesNotOverwriteAFocusedField()
     QVERIFY(fields().at(field)->isAncestorOf(QApplication::focusWidget()));
     const auto changed = addressRecord(1, 1, address(5, 6, 7, 8), UsualMask, address(5, 6, 7, 1));
     m_panel->updateECDeviceIP(changed);
-    QCOMPARE(fieldTexts(), Eth0Texts);
+    QCOMPARE(fieldTexts(), eth0Texts());
     portButton(1)->setFocus();
     m_panel->updateECDeviceIP(changed);
     QCOMPARE(fieldTexts(), (QStringList{"5.6.7.8"_q, "255.255.255.0"_q, "5.6.7.1"_q}));
@@ -824,7 +838,7 @@ void tst_ConsoleNetwork::typedTextEndsWithAnotherPort()
     QTest::keyClicks(QApplication::focusWidget(), "77"_q);
     QCOMPARE(fieldTexts().at(2), "77.168.1.1"_q);
     QTest::mouseClick(portButton(0), Qt::LeftButton);
-    QCOMPARE(fieldTexts(), Eth2Texts);
+    QCOMPARE(fieldTexts(), eth2Texts());
     portButton(0)->setFocus();
     m_panel->updateECDeviceIP(addressRecord(0, 1, address(5, 6, 7, 8), UsualMask, address(5, 6, 7, 1)));
     QCOMPARE(fieldTexts(), (QStringList{"5.6.7.8"_q, "255.255.255.0"_q, "5.6.7.1"_q}));
@@ -834,7 +848,7 @@ void tst_ConsoleNetwork::theFieldsAreChecked_data()
 {
     QTest::addColumn<QStringList>("texts");
     QTest::addColumn<bool>("expected");
-    QTest::newRow("the usual") << Eth0Texts << true;
+    QTest::newRow("the usual") << eth0Texts() << true;
     QTest::newRow("another network") << QStringList{"192.168.1.13"_q, "255.255.255.0"_q, "192.168.0.1"_q}
                                      << false;
     QTest::newRow("a wider mask") << QStringList{"192.168.1.13"_q, "255.255.0.0"_q, "192.168.0.1"_q} << true;
@@ -853,7 +867,7 @@ void tst_ConsoleNetwork::theFieldsAreChecked()
 
 void tst_ConsoleNetwork::applyWithoutAPortOnlyWarns()
 {
-    fill(NewTexts);
+    fill(newTexts());
     const BoxAnswerer answerer;
     const LogKeeper log;
     apply();
@@ -880,14 +894,14 @@ void tst_ConsoleNetwork::aWrongAddressIsRefused_data()
     for (const int mode : {-1, 0}) {
         const QString name = mode < 0 ? "no mode, "_q : "Manual, "_q;
         QTest::newRow(qPrintable(name + "another network"_q)) << mode << wrong << -1 << gateway;
-        QTest::newRow(qPrintable(name + "address of three"_q)) << mode << NewTexts << 0 << gateway;
-        QTest::newRow(qPrintable(name + "mask of three"_q)) << mode << NewTexts << 1 << gateway;
-        QTest::newRow(qPrintable(name + "gateway of three"_q)) << mode << NewTexts << 2 << gateway;
+        QTest::newRow(qPrintable(name + "address of three"_q)) << mode << newTexts() << 0 << gateway;
+        QTest::newRow(qPrintable(name + "mask of three"_q)) << mode << newTexts() << 1 << gateway;
+        QTest::newRow(qPrintable(name + "gateway of three"_q)) << mode << newTexts() << 2 << gateway;
         QTest::newRow(qPrintable(name + "nothing"_q))
             << mode << QStringList{""_q, ""_q, ""_q} << -1 << gateway;
     }
-    QTest::newRow("DHCP, address of three") << 1 << NewTexts << 0 << segment;
-    QTest::newRow("DHCP, mask of three") << 1 << NewTexts << 1 << segment;
+    QTest::newRow("DHCP, address of three") << 1 << newTexts() << 0 << segment;
+    QTest::newRow("DHCP, mask of three") << 1 << newTexts() << 1 << segment;
     QTest::newRow("DHCP, nothing") << 1 << QStringList{""_q, ""_q, ""_q} << -1 << segment;
 }
 
@@ -925,7 +939,7 @@ void tst_ConsoleNetwork::aWrongAddressIsRefused()
     QCOMPARE(busyIndicators(), 0);
     for (const QString &key : {"k7ip"_q, "k7mask"_q, "k7gateway"_q})
         QVERIFY(!m_settings->onDisk(key).isValid());
-    QCOMPARE(tableTexts(1), Eth0Texts + QStringList{"1"_q});
+    QCOMPARE(tableTexts(1), eth0Texts() + QStringList{"1"_q});
 }
 
 void tst_ConsoleNetwork::aRefusalMayBeTheLastOfThePanel()
@@ -944,15 +958,15 @@ void tst_ConsoleNetwork::aGoodAddressIsSent_data()
     QTest::addColumn<QStringList>("texts");
     const QStringList otherNetwork{"192.168.1.13"_q, "255.255.255.0"_q, "192.168.0.1"_q};
     const QStringList noGateway{"192.168.1.13"_q, "255.255.255.0"_q, "..."_q};
-    QTest::newRow("ETH2") << 0 << 0 << true << NewTexts;
-    QTest::newRow("ETH1") << 1 << 0 << true << NewTexts;
-    QTest::newRow("ETH2, no mode") << 0 << -1 << true << NewTexts;
-    QTest::newRow("ETH2, never reported") << 0 << 0 << false << NewTexts;
-    QTest::newRow("ETH1, never reported") << 1 << 0 << false << NewTexts;
-    QTest::newRow("ETH1 on the other's network") << 1 << 0 << true << Eth2Texts;
-    QTest::newRow("ETH2 on the other's network") << 0 << 0 << true << Eth0Texts;
-    QTest::newRow("DHCP, ETH2") << 0 << 1 << true << NewTexts;
-    QTest::newRow("DHCP, ETH1") << 1 << 1 << true << NewTexts;
+    QTest::newRow("ETH2") << 0 << 0 << true << newTexts();
+    QTest::newRow("ETH1") << 1 << 0 << true << newTexts();
+    QTest::newRow("ETH2, no mode") << 0 << -1 << true << newTexts();
+    QTest::newRow("ETH2, never reported") << 0 << 0 << false << newTexts();
+    QTest::newRow("ETH1, never reported") << 1 << 0 << false << newTexts();
+    QTest::newRow("ETH1 on the other's network") << 1 << 0 << true << eth2Texts();
+    QTest::newRow("ETH2 on the other's network") << 0 << 0 << true << eth0Texts();
+    QTest::newRow("DHCP, ETH2") << 0 << 1 << true << newTexts();
+    QTest::newRow("DHCP, ETH1") << 1 << 1 << true << newTexts();
     QTest::newRow("DHCP, gateway elsewhere") << 1 << 1 << true << otherNetwork;
     QTest::newRow("DHCP, no gateway") << 1 << 1 << true << noGateway;
 }
@@ -995,8 +1009,8 @@ void tst_ConsoleNetwork::aGoodAddressIsSent()
     QCOMPARE(fieldTexts(), kept);
     QCOMPARE(tableTexts(port), kept + QStringList{QString::number(isReported && port == 1)});
     QCOMPARE(tableTexts(1 - port), !isReported ? (QStringList{"-"_q, "-"_q, "-"_q, "-1"_q})
-                                   : port == 0 ? Eth0Texts + QStringList{"1"_q}
-                                               : Eth2Texts + QStringList{"0"_q});
+                                   : port == 0 ? eth0Texts() + QStringList{"1"_q}
+                                               : eth2Texts() + QStringList{"0"_q});
     QVERIFY(answerer.boxes.isEmpty());
     // A port that only Apply knew goes to the strip like any other.
     m_panel->slotRefreshNetStatus();
@@ -1009,21 +1023,22 @@ void tst_ConsoleNetwork::applyTellsInOrder()
 {
     reportBoth();
     portButton(1)->setChecked(true);
-    fill(NewTexts);
+    fill(newTexts());
     QStringList tableAtAddress;
     QStringList tableAtText;
     QVariant diskAtText;
     QString busyAtText = "?"_q;
-    connect(m_panel.get(), &ConsoleFloatWidget::signalUpdateSystemIP, m_journal.get(),
+    const QObject scope; // of what the connections capture
+    connect(m_panel.get(), &ConsoleFloatWidget::signalUpdateSystemIP, &scope,
             [&, this] { tableAtAddress = tableTexts(1); });
-    connect(m_panel.get(), &ConsoleFloatWidget::signalUpdateIPText, m_journal.get(), [&, this] {
+    connect(m_panel.get(), &ConsoleFloatWidget::signalUpdateIPText, &scope, [&, this] {
         tableAtText = tableTexts(1);
         diskAtText = m_settings->onDisk("k7ip"_q);
         busyAtText = busyText();
     });
     apply();
-    QCOMPARE(tableAtAddress, Eth0Texts + QStringList{"1"_q});
-    QCOMPARE(tableAtText, NewTexts + QStringList{"1"_q});
+    QCOMPARE(tableAtAddress, eth0Texts() + QStringList{"1"_q});
+    QCOMPARE(tableAtText, newTexts() + QStringList{"1"_q});
     QVERIFY(!diskAtText.isValid());
     QCOMPARE(busyAtText, QString());
     QTRY_COMPARE(busyText(), QString());
@@ -1033,7 +1048,7 @@ void tst_ConsoleNetwork::anUnchangedAddressIsAppliedAllTheSame()
 {
     reportBoth();
     portButton(1)->setChecked(true);
-    QCOMPARE(fieldTexts(), Eth0Texts);
+    QCOMPARE(fieldTexts(), eth0Texts());
     m_journal->takeLines();
     QTest::ignoreMessage(QtDebugMsg, "Current ip not change");
     apply();
@@ -1047,8 +1062,9 @@ void tst_ConsoleNetwork::theWorkerIsOneThreadForAll()
 {
     QMutex mutex;
     QList<QThread *> threads;
+    const QObject scope; // of what the connections capture
     connect(
-        m_panel.get(), &ConsoleFloatWidget::signalIPModeChanged, m_journal.get(),
+        m_panel.get(), &ConsoleFloatWidget::signalIPModeChanged, &scope,
         [&] {
             const QMutexLocker locker(&mutex);
             threads << QThread::currentThread();
@@ -1056,7 +1072,7 @@ void tst_ConsoleNetwork::theWorkerIsOneThreadForAll()
         Qt::DirectConnection);
     const int children = m_panel->children().size();
     for (int i = 0; i < 3; ++i) {
-        apply(i % 2, NewTexts);
+        apply(i % 2, newTexts());
         QTRY_COMPARE(busyText(), QString());
     }
     QCOMPARE(threads.size(), 3);
@@ -1105,25 +1121,25 @@ void tst_ConsoleNetwork::completionShowsThePort()
 {
     reportBoth();
     HeldWorker worker(m_panel.get());
-    apply(0, NewTexts);
+    apply(0, newTexts());
     QVERIFY(worker.hasStopped());
     // Meanwhile the console has taken another address than it was told.
     m_panel->slotRefreshNetStatus();
     m_panel->updateECDeviceIP(addressRecord(0, 1, address(5, 6, 7, 8), UsualMask, address(5, 6, 7, 1)));
-    QCOMPARE(fieldTexts(), NewTexts);
+    QCOMPARE(fieldTexts(), newTexts());
     worker.letGo();
     QTRY_COMPARE(fieldTexts(), (QStringList{"5.6.7.8"_q, "255.255.255.0"_q, "5.6.7.1"_q}));
     QCOMPARE(busyText(), QString());
     // What was asked then is meant for the fields again.
     m_panel->updateECDeviceIP(eth2Record());
-    QCOMPARE(fieldTexts(), Eth2Texts);
+    QCOMPARE(fieldTexts(), eth2Texts());
 }
 
 void tst_ConsoleNetwork::completionLeavesAnotherPortAlone()
 {
     reportBoth();
     HeldWorker worker(m_panel.get());
-    apply(0, NewTexts);
+    apply(0, newTexts());
     QVERIFY(worker.hasStopped());
     portButton(1)->setChecked(true);
     m_journal->takeLines();
@@ -1147,7 +1163,7 @@ void tst_ConsoleNetwork::applyEndsTyping()
     apply();
     QTRY_COMPARE(busyText(), QString());
     m_panel->updateECDeviceIP(eth0Record());
-    QCOMPARE(fieldTexts(), Eth0Texts);
+    QCOMPARE(fieldTexts(), eth0Texts());
 }
 
 void tst_ConsoleNetwork::theDelaysAreTheConsoles()
@@ -1168,7 +1184,7 @@ void tst_ConsoleNetwork::aSilentConsoleTimesOut()
         isManualMeanwhile = modeButton(ConsoleFloatWidget::Manual)->isChecked();
         busyMeanwhile = busyText();
     });
-    apply(0, NewTexts);
+    apply(0, newTexts());
     QCOMPARE(busyText(), "loading , please wait."_q);
     QTRY_COMPARE(answerer.boxes.size(), 1);
     QTRY_VERIFY(modeButton(ConsoleFloatWidget::Manual)->isChecked());
@@ -1188,7 +1204,7 @@ void tst_ConsoleNetwork::completionStopsTheTimeOut()
     m_panel->setDelays({100, 0});
     modeButton(ConsoleFloatWidget::DHCP)->setChecked(true);
     const BoxAnswerer answerer;
-    apply(1, NewTexts);
+    apply(1, newTexts());
     QTRY_COMPARE(busyText(), QString());
     QCOMPARE(m_journal->linesOf("mode"_q).size(), 1);
     m_journal->takeLines();
@@ -1205,7 +1221,7 @@ void tst_ConsoleNetwork::lateCompletionChangesNothing()
     modeButton(ConsoleFloatWidget::Manual)->setChecked(true);
     const BoxAnswerer answerer;
     HeldWorker worker(m_panel.get());
-    apply(0, NewTexts);
+    apply(0, newTexts());
     QVERIFY(worker.hasStopped());
     QTRY_COMPARE(answerer.boxes.size(), 1);
     QTRY_VERIFY(!QApplication::activeModalWidget());
@@ -1230,11 +1246,11 @@ void tst_ConsoleNetwork::lateCompletionChangesNothing()
 void tst_ConsoleNetwork::aSecondApplyWaitsForTheFirst()
 {
     HeldWorker worker(m_panel.get());
-    apply(0, NewTexts);
+    apply(0, newTexts());
     QVERIFY(worker.hasStopped());
     m_journal->takeLines();
     portButton(1)->setChecked(true);
-    fill(Eth0Texts);
+    fill(eth0Texts());
     m_panel->slotInternetInfoChanged();
     QCOMPARE(m_journal->linesOf("address"_q),
              QStringList{"address eth0 192.168.1.13 255.255.255.0 192.168.1.1"_q});
@@ -1252,7 +1268,7 @@ void tst_ConsoleNetwork::aSecondApplyWaitsForTheFirst()
     QTRY_COMPARE(busyText(), QString());
     QCOMPARE(m_journal->linesOf("ask"_q), (QStringList{"ask 0"_q, "ask 1"_q}));
     QCOMPARE(m_journal->linesOf("mode"_q).size(), 1);
-    QCOMPARE(fieldTexts(), Eth0Texts);
+    QCOMPARE(fieldTexts(), eth0Texts());
 }
 
 void tst_ConsoleNetwork::theFirstOfTwoMayTimeOut()
@@ -1261,7 +1277,7 @@ void tst_ConsoleNetwork::theFirstOfTwoMayTimeOut()
     QString busyMeanwhile;
     const BoxAnswerer answerer([&] { busyMeanwhile = busyText(); });
     m_panel->setDelays({150, 0});
-    apply(0, NewTexts);
+    apply(0, newTexts());
     QVERIFY(worker.hasStopped());
     m_panel->setDelays({60000, 0});
     m_panel->slotInternetInfoChanged();
@@ -1282,7 +1298,7 @@ void tst_ConsoleNetwork::lateCompletionOfTheFirstOfTwoChangesNothing()
     HeldWorker worker(m_panel.get());
     const BoxAnswerer answerer;
     m_panel->setDelays({150, 0});
-    apply(0, NewTexts);
+    apply(0, newTexts());
     QVERIFY(worker.hasStopped());
     m_panel->setDelays({60000, 0});
     m_panel->slotInternetInfoChanged();
@@ -1301,7 +1317,7 @@ void tst_ConsoleNetwork::lateCompletionOfTheFirstOfTwoChangesNothing()
     QCOMPARE(busyText(), "loading , please wait."_q);
     worker.letGo();
     QTRY_COMPARE(busyText(), QString());
-    QCOMPARE(fieldTexts(), NewTexts);
+    QCOMPARE(fieldTexts(), newTexts());
 }
 
 void tst_ConsoleNetwork::theSecondOfTwoMayTimeOut()
@@ -1309,7 +1325,7 @@ void tst_ConsoleNetwork::theSecondOfTwoMayTimeOut()
     HeldWorker worker(m_panel.get());
     const BoxAnswerer answerer;
     m_panel->setDelays({500, 0});
-    apply(0, NewTexts);
+    apply(0, newTexts());
     QVERIFY(worker.hasStopped());
     m_panel->setDelays({30, 0});
     m_panel->slotInternetInfoChanged();
@@ -1328,7 +1344,7 @@ void tst_ConsoleNetwork::theSecondOfTwoMayTimeOutAfterTheFirstHasEnded()
 {
     HeldWorker worker(m_panel.get());
     const BoxAnswerer answerer;
-    apply(0, NewTexts);
+    apply(0, newTexts());
     QVERIFY(worker.hasStopped());
     m_panel->setDelays({300, 0});
     m_panel->slotInternetInfoChanged();
@@ -1347,7 +1363,7 @@ void tst_ConsoleNetwork::applyAfterATimeOutStartsAnew()
     HeldWorker worker(m_panel.get());
     const BoxAnswerer answerer;
     m_panel->setDelays({30, 0});
-    apply(0, NewTexts);
+    apply(0, newTexts());
     QTRY_COMPARE(answerer.boxes.size(), 1);
     QTRY_VERIFY(!QApplication::activeModalWidget());
     worker.letGo(1000);
@@ -1356,7 +1372,7 @@ void tst_ConsoleNetwork::applyAfterATimeOutStartsAnew()
 
     m_panel->setDelays({60000, 0});
     m_journal->takeLines();
-    apply(1, NewTexts);
+    apply(1, newTexts());
     QCOMPARE(busyText(), "loading , please wait."_q);
     QTRY_COMPARE(busyText(), QString());
     QCOMPARE(m_journal->lines().constLast(), "ask 1"_q);
@@ -1372,7 +1388,7 @@ void tst_ConsoleNetwork::thePanelMayGoWhileTheTimeOutIsShown()
         worker.letGo();
         m_panel.reset();
     });
-    apply(0, NewTexts);
+    apply(0, newTexts());
     QTRY_COMPARE(answerer.boxes.size(), 1);
     QVERIFY(!m_panel);
     QTRY_VERIFY(!QApplication::activeModalWidget());
@@ -1383,15 +1399,16 @@ void tst_ConsoleNetwork::thePanelWaitsForItsWorker()
 {
     std::atomic<bool> hasEnded{false};
     QSemaphore isRunning;
+    const QObject scope; // of what the connections capture
     connect(
-        m_panel.get(), &ConsoleFloatWidget::signalIPModeChanged, m_journal.get(),
+        m_panel.get(), &ConsoleFloatWidget::signalIPModeChanged, &scope,
         [&] {
             isRunning.release();
             QThread::msleep(50); // destroying has begun by then
             hasEnded = true;
         },
         Qt::DirectConnection);
-    apply(0, NewTexts);
+    apply(0, newTexts());
     QVERIFY(isRunning.tryAcquire(1, 5000));
     m_panel.reset();
     QVERIFY(hasEnded);
@@ -1403,17 +1420,18 @@ void tst_ConsoleNetwork::thePanelWaitsForItsWorker()
 void tst_ConsoleNetwork::thePanelDropsTheApplyThatWaits()
 {
     QSemaphore isRunning;
+    const QObject scope; // of what the connections capture
     connect(
-        m_panel.get(), &ConsoleFloatWidget::signalIPModeChanged, m_journal.get(),
+        m_panel.get(), &ConsoleFloatWidget::signalIPModeChanged, &scope,
         [&] {
             isRunning.release();
             QThread::msleep(50); // destroying has begun by then
         },
         Qt::DirectConnection);
-    apply(0, NewTexts);
+    apply(0, newTexts());
     QVERIFY(isRunning.tryAcquire(1, 5000));
     portButton(1)->setChecked(true);
-    fill(NewTexts);
+    fill(newTexts());
     m_panel->slotInternetInfoChanged();
     m_panel.reset();
     QCoreApplication::processEvents();
@@ -1443,7 +1461,7 @@ void tst_ConsoleNetwork::nothingIsToldOnceThePanelHasGone()
 void tst_ConsoleNetwork::theIndicatorGoesWithThePanel()
 {
     HeldWorker worker(m_panel.get());
-    apply(0, NewTexts);
+    apply(0, newTexts());
     QCOMPARE(busyIndicators(), 1);
     worker.letGo();
     m_panel.reset();

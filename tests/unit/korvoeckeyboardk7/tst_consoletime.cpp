@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The K7 keyboard authors
 // SPDX-License-Identifier: MIT
 
+// clazy:excludeall=lambda-in-connect (what is captured outlives the connections)
+
 #include "consolefloatwidget.h"
 
 #include "consolepanel.h"
@@ -394,7 +396,8 @@ void tst_ConsoleTime::theDisplayIsStoredAndTold()
     displayButton(1 - display)->setChecked(true);
     m_journal->takeLines();
     QVariant storedThen;
-    connect(m_panel.get(), &ConsoleFloatWidget::signalTimeTypeChanged, m_journal.get(),
+    const QObject scope; // of what the connections capture
+    connect(m_panel.get(), &ConsoleFloatWidget::signalTimeTypeChanged, &scope,
             [&, this] { storedThen = m_settings->onDisk("timeDiaplay"_q); });
     QTest::mouseClick(displayButton(display), Qt::LeftButton);
     QCOMPARE(m_journal->takeLines(), QStringList{"type %1"_q.arg(display)});
@@ -548,8 +551,9 @@ void tst_ConsoleTime::applyTellsInOrderFromThePool()
     QSemaphore isSetting;
     QSemaphore mayGoOn;
     std::atomic<QThread *> ranOn{nullptr};
+    const QObject scope; // of what the connections capture
     connect(
-        m_panel.get(), &ConsoleFloatWidget::signalUpdateSystemTime, m_journal.get(),
+        m_panel.get(), &ConsoleFloatWidget::signalUpdateSystemTime, &scope,
         [&] {
             ranOn = QThread::currentThread();
             isSetting.release();
@@ -632,8 +636,9 @@ void tst_ConsoleTime::aSecondApplyReplacesTheFirst()
 {
     QSemaphore isSetting;
     QSemaphore mayGoOn;
+    const QObject scope; // of what the connections capture
     connect(
-        m_panel.get(), &ConsoleFloatWidget::signalUpdateSystemTime, m_journal.get(),
+        m_panel.get(), &ConsoleFloatWidget::signalUpdateSystemTime, &scope,
         [&] {
             isSetting.release();
             mayGoOn.acquire();
