@@ -8,6 +8,10 @@ add_compile_options(
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual
     -Wno-gnu-zero-variadic-macro-arguments) # as qCWarning(category) << ... is
 
+if(CMAKE_UNITY_BUILD)
+    add_compile_options(-Wno-subobject-linkage) # sources are included there, and are no headers
+endif()
+
 if(KORVO_WARNINGS_AS_ERRORS)
     add_compile_options(-Werror)
 endif()
