@@ -5,10 +5,40 @@
 
 #include <korvo/keyboard/ikorvoeckeyboardplugin.h>
 
+#include <QMetaMethod>
+
 using Korvo::IKorvoECKeyboard;
 using Korvo::IKorvoECKeyboardPlugin;
 
 namespace K7Host {
+
+namespace {
+
+template <typename Number>
+QJsonValue toJsonValue(const Number &number)
+{
+    return static_cast<double>(number);
+}
+
+QJsonValue toJsonValue(bool truth)
+{
+    return truth;
+}
+
+QJsonValue toJsonValue(const QString &text)
+{
+    return text;
+}
+
+QJsonValue toJsonValue(const QVector<quint16> &numbers)
+{
+    QJsonArray list;
+    for (const quint16 number : numbers)
+        list.append(number);
+    return list;
+}
+
+} // namespace
 
 ConsoleSession::ConsoleSession(IKorvoECKeyboardPlugin *plugin, DeviceLink *link, QObject *parent)
     : QObject(parent)
@@ -23,14 +53,21 @@ ConsoleSession::~ConsoleSession()
     m_link->consoleClosed();
 }
 
-void ConsoleSession::start()
+void ConsoleSession::addObserver(SessionObserver *observer)
+{
+    m_observers.push_back(observer);
+}
+
+void ConsoleSession::prepare()
 {
     m_plugin->initStyleSheet();
     m_halves = m_plugin->keyboards();
-    for (const auto &half : qAsConst(m_halves)) {
-        if (const auto keyboard = half.toStrongRef())
-            keyboard->applyNoramlStyleSheet();
-    }
+}
+
+void ConsoleSession::start()
+{
+    prepare();
+    call(IdleLook());
     connectRecords(); // the list of halves is complete, and constant from now on
     m_link->refresh();
 }
@@ -38,6 +75,14 @@ void ConsoleSession::start()
 QList<QWeakPointer<IKorvoECKeyboard>> ConsoleSession::halves() const
 {
     return m_halves;
+}
+
+void ConsoleSession::call(const HostCall &call, std::optional<Half> half) const
+{
+    for (const Half each : {Half::Left, Half::Right}) {
+        if (half.value_or(each) == each)
+            callHalf(call, each);
+    }
 }
 
 void ConsoleSession::connectEvents()
@@ -61,42 +106,62 @@ void ConsoleSession::connectEvents()
 
 void ConsoleSession::connectRecords()
 {
-    deliver(&DeviceLink::buttonColorReported, &IKorvoECKeyboard::updateECButtonColor);
-    deliver(&DeviceLink::oledTextReported, &IKorvoECKeyboard::updateECOledText);
-    deliver(&DeviceLink::tBarValueReported, &IKorvoECKeyboard::updateTBarValue);
-    deliver(&DeviceLink::deviceIPReported, &IKorvoECKeyboard::updateECDeviceIP);
-    deliver(&DeviceLink::dviSignalReported, &IKorvoECKeyboard::updateDVISignalStatus);
-    deliver(&DeviceLink::peripheralVisibilityReported, &IKorvoECKeyboard::updatePeripheralVisibleState);
+    deliver(&DeviceLink::buttonColorReported);
+    deliver(&DeviceLink::oledTextReported);
+    deliver(&DeviceLink::tBarValueReported);
+    deliver(&DeviceLink::deviceIPReported);
+    deliver(&DeviceLink::dviSignalReported);
+    deliver(&DeviceLink::peripheralVisibilityReported);
 }
 
 template <typename... EventArguments, typename... SlotArguments>
 void ConsoleSession::passOn(void (IKorvoECKeyboardPlugin::*emitted)(EventArguments...),
                             void (DeviceLink::*slot)(SlotArguments...))
 {
-    connect(m_plugin, emitted, this,
-            [this, slot](EventArguments... arguments) { (m_link->*slot)(arguments...); });
+    connect(m_plugin, emitted, this, [this, emitted, slot](EventArguments... arguments) {
+        tellObservers(emitted, arguments...);
+        (m_link->*slot)(arguments...);
+    });
 }
 
 void ConsoleSession::passOnLamp(void (IKorvoECKeyboardPlugin::*emitted)(bool, quint8), Lamp lamp)
 {
-    connect(m_plugin, emitted, this,
-            [this, lamp](bool isOn, quint8 brightness) { m_link->lampChanged(lamp, isOn, brightness); });
+    connect(m_plugin, emitted, this, [this, emitted, lamp](bool isOn, quint8 brightness) {
+        tellObservers(emitted, isOn, brightness);
+        m_link->lampChanged(lamp, isOn, brightness);
+    });
 }
 
-template <typename Record, typename Result>
-void ConsoleSession::deliver(void (DeviceLink::*reported)(std::shared_ptr<Record>),
-                             Result (IKorvoECKeyboard::*update)(std::shared_ptr<Record>))
+template <typename Record>
+void ConsoleSession::deliver(void (DeviceLink::*reported)(std::shared_ptr<Record>))
 {
     // Direct: the halves themselves take records to the GUI thread where they must.
     connect(
-        m_link, reported, this,
-        [this, update](const std::shared_ptr<Record> &record) {
-            for (const auto &half : qAsConst(m_halves)) {
-                if (const auto keyboard = half.toStrongRef())
-                    (keyboard.data()->*update)(record);
-            }
-        },
+        m_link, reported, this, [this](const std::shared_ptr<Record> &record) { call(record); },
         Qt::DirectConnection);
+}
+
+template <typename Signal, typename... Arguments>
+void ConsoleSession::tellObservers(Signal emitted, const Arguments &...arguments) const
+{
+    if (m_observers.empty())
+        return;
+    const SignalLine signal{QString::fromLatin1(QMetaMethod::fromSignal(emitted).name()),
+                            {toJsonValue(arguments)...}};
+    for (SessionObserver *observer : m_observers)
+        observer->emitted(signal);
+}
+
+void ConsoleSession::callHalf(const HostCall &call, Half half) const
+{
+    const auto keyboard = m_halves.value(static_cast<int>(half)).toStrongRef();
+    if (!keyboard)
+        return;
+    for (SessionObserver *observer : m_observers)
+        observer->calling(call, half, keyboard.data());
+    const std::optional<bool> result = perform(call, keyboard.data());
+    for (SessionObserver *observer : m_observers)
+        observer->called(call, half, keyboard.data(), result);
 }
 
 } // namespace K7Host

@@ -4,12 +4,15 @@
 #pragma once
 
 #include "devicelink.h"
+#include "sessionobserver.h"
 
 #include <korvo/keyboard/ikorvoeckeyboard.h>
 
 #include <QList>
 #include <QObject>
 #include <QWeakPointer>
+
+#include <vector>
 
 namespace Korvo {
 class IKorvoECKeyboardPlugin;
@@ -32,12 +35,21 @@ public:
     /// Tells the link that the console is going.
     ~ConsoleSession() override;
 
-    /// Makes the plug-in ready, gives the halves their idle look, and asks the link for every record.
-    /// The theme is loaded before.
+    /// \a observer is told of all that is exchanged from now on, and outlives this object. Before
+    /// start().
+    void addObserver(SessionObserver *observer);
+
+    /// Makes the plug-in and its halves ready, and asks for nothing yet. The theme is loaded before.
+    void prepare();
+    /// Makes them ready, gives the halves their idle look, asks the link for every record, and hands on what
+    /// it reports from now on.
     void start();
 
-    /// The plug-in's halves, left first; none before start().
+    /// The plug-in's halves, left first; none before prepare().
     QList<QWeakPointer<Korvo::IKorvoECKeyboard>> halves() const;
+
+    /// Hands \a call to a half, or to both, as if the link had; after prepare(). In any thread.
+    void call(const HostCall &call, std::optional<Half> half = {}) const;
 
 private:
     void connectEvents();
@@ -46,13 +58,16 @@ private:
     void passOn(void (Korvo::IKorvoECKeyboardPlugin::*emitted)(EventArguments...),
                 void (DeviceLink::*slot)(SlotArguments...));
     void passOnLamp(void (Korvo::IKorvoECKeyboardPlugin::*emitted)(bool, quint8), Lamp lamp);
-    template <typename Record, typename Result>
-    void deliver(void (DeviceLink::*reported)(std::shared_ptr<Record>),
-                 Result (Korvo::IKorvoECKeyboard::*update)(std::shared_ptr<Record>));
+    template <typename Record>
+    void deliver(void (DeviceLink::*reported)(std::shared_ptr<Record>));
+    template <typename Signal, typename... Arguments>
+    void tellObservers(Signal emitted, const Arguments &...arguments) const;
+    void callHalf(const HostCall &call, Half half) const;
 
     Korvo::IKorvoECKeyboardPlugin *const m_plugin;
     DeviceLink *const m_link;
-    QList<QWeakPointer<Korvo::IKorvoECKeyboard>> m_halves; // constant after start()
+    QList<QWeakPointer<Korvo::IKorvoECKeyboard>> m_halves; // constant after prepare()
+    std::vector<SessionObserver *> m_observers;            // constant after start()
 };
 
 } // namespace K7Host
