@@ -4,7 +4,10 @@
 #include <QDir>
 #include <QFile>
 #include <QImageReader>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -46,6 +49,19 @@ private slots:
     void withoutADisplayThereIsNothingToShow();
     void anUnusablePlatformIsToldInOneLine();
 
+    void aScenarioIsPlayedAndTraced();
+    void scenarioAndTraceMayBeStandardInputAndOutput();
+    void aWrongScenarioIsToldInOneLineBeforeItIsPlayed_data();
+    void aWrongScenarioIsToldInOneLineBeforeItIsPlayed();
+    void aStepThatFailsEndsTheProgram();
+    void afterAScenarioTheConsoleStaysUnlessAsked();
+    void aTraceThatCannotBeWrittenIsToldInOneLine();
+    void aFullDiskIsToldOnceAndEndsNothing();
+    void aKilledProgramLeavesWholeLines();
+    void withoutADisplayAScenarioIsPlayed();
+    void latencyIsSummedUpAtTheEnd();
+    void aBadLinkIsNoFault();
+
 private:
     struct Result
     {
@@ -60,7 +76,9 @@ private:
     Result run(const QStringList &arguments) const { return run(arguments, environment()); }
     Result run(const QStringList &arguments, const QProcessEnvironment &environment) const;
     QSize screenshotSize() const;
-    void addFile(const QString &name) const;
+    void addFile(const QString &name) const { addFile(name, "not what it seems\n"); }
+    void addFile(const QString &name, const QByteArray &content) const;
+    QStringList tracedCalls(const QByteArray &trace) const;
 
     QScopedPointer<QTemporaryDir> m_dir;
 };
@@ -132,11 +150,25 @@ QSize tst_K7Host::screenshotSize() const
     return QImageReader(path("console.png")).size();
 }
 
-void tst_K7Host::addFile(const QString &name) const
+void tst_K7Host::addFile(const QString &name, const QByteArray &content) const
 {
     QFile file(name);
     QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(file.write("not what it seems\n") > 0);
+    QCOMPARE(file.write(content), content.size());
+}
+
+/// What the left half was called, without what every start brings.
+QStringList tst_K7Host::tracedCalls(const QByteArray &trace) const
+{
+    QStringList calls;
+    const QList<QByteArray> lines = trace.split('\n');
+    for (const QByteArray &line : lines) {
+        const QJsonObject object = QJsonDocument::fromJson(line).object();
+        if (object.value(QLatin1String("half")) == QLatin1String("left"))
+            calls << object.value(QLatin1String("op")).toString();
+    }
+    const int start = calls.lastIndexOf(text("updateDVISignalStatus"));
+    return calls.mid(start + 1).filter(QRegularExpression(text("^(?!updateECDeviceIP)")));
 }
 
 void tst_K7Host::helpAndVersionAnswerOnStdout_data()
@@ -442,6 +474,152 @@ void tst_K7Host::anUnusablePlatformIsToldInOneLine()
     QVERIFY2(result.err.startsWith(text("k7host: ")) && result.err.contains(text("paper")),
              qPrintable(result.err));
     QCOMPARE(result.exitCode, 2);
+}
+
+void tst_K7Host::aScenarioIsPlayedAndTraced()
+{
+    addFile(path("a.jsonl"), "# one call\n{\"op\":\"updateKeyboard\",\"half\":\"left\"}\n"
+                             "{\"op\":\"screenshot\",\"file\":\"picture.png\"}\n");
+    const Result result = run(consoleRun({text("--scenario"), path("a.jsonl"), text("--trace"),
+                                          path("a.trace"), text("--screenshot"), m_dir->path()}));
+    QCOMPARE(result.err, QString());
+    QCOMPARE(result.out, QString());
+    QCOMPARE(result.exitCode, 0);
+    QFile trace(path("a.trace"));
+    QVERIFY(trace.open(QIODevice::ReadOnly));
+    QCOMPARE(tracedCalls(trace.readAll()), QStringList{text("updateKeyboard")});
+    QVERIFY(!QImage(path("picture.png")).isNull());
+    QVERIFY(!QFile::exists(path("console.png")));
+}
+
+void tst_K7Host::scenarioAndTraceMayBeStandardInputAndOutput()
+{
+    QProcess process;
+    process.setProcessEnvironment(environment());
+    process.start(text(K7HOST), consoleRun({text("--scenario"), text("-"), text("--trace"), text("-")}));
+    process.write("{\"op\":\"updateKeyboard\"}\n");
+    process.closeWriteChannel();
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.readAllStandardError(), QByteArray());
+    QCOMPARE(process.exitCode(), 0);
+    QCOMPARE(tracedCalls(process.readAllStandardOutput()), QStringList{text("updateKeyboard")});
+}
+
+void tst_K7Host::aWrongScenarioIsToldInOneLineBeforeItIsPlayed_data()
+{
+    QTest::addColumn<QByteArray>("lastLine");
+    QTest::addColumn<QString>("expectedReason");
+    QTest::newRow("no JSON") << QByteArray("updateKeyboard") << text("no JSON");
+    QTest::newRow("no such operation")
+        << QByteArray("{\"op\":\"jump\"}") << text("there is no operation \"jump\"");
+    QTest::newRow("no such key") << QByteArray("{\"op\":\"click\",\"key\":\"PRESET_99\"}")
+                                 << text("PRESET_99");
+    QTest::newRow("no such widget") << QByteArray("{\"op\":\"click\",\"widget\":\"nope\"}") << text("nope");
+    QTest::newRow("no folder for pictures")
+        << QByteArray("{\"op\":\"screenshot\",\"file\":\"a.png\"}") << text("--screenshot DIR");
+}
+
+void tst_K7Host::aWrongScenarioIsToldInOneLineBeforeItIsPlayed()
+{
+    QFETCH(QByteArray, lastLine);
+    QFETCH(QString, expectedReason);
+    addFile(path("a.jsonl"), "{\"op\":\"updateKeyboard\"}\n" + lastLine);
+    const Result result = run(consoleRun({text("--scenario"), path("a.jsonl"), text("--trace"), text("-")}));
+    QCOMPARE(result.out, QString());
+    QCOMPARE(linesOf(result.err).size(), 1);
+    QVERIFY2(result.err.startsWith(text("k7host: ") + path("a.jsonl") + text(":2: ")),
+             qPrintable(result.err));
+    QVERIFY2(result.err.contains(expectedReason), qPrintable(result.err));
+    QCOMPARE(result.exitCode, 2);
+}
+
+void tst_K7Host::aStepThatFailsEndsTheProgram()
+{
+    addFile(path("a.jsonl"), "{\"op\":\"waitFor\",\"signal\":\"ecButtonPressed\",\"ms\":1}");
+    const Result result =
+        run({text("--plugin-dir"), fixture("console"), text("--scenario"), path("a.jsonl")});
+    QCOMPARE(result.err, text("k7host: ") + path("a.jsonl") + text(":1: no ecButtonPressed in this time\n"));
+    QCOMPARE(result.exitCode, 2);
+}
+
+void tst_K7Host::afterAScenarioTheConsoleStaysUnlessAsked()
+{
+    addFile(path("a.jsonl"), "{\"op\":\"screenshot\",\"file\":\"console.png\"}");
+    QProcess process;
+    process.setProcessEnvironment(environment());
+    process.start(text(K7HOST), {text("--plugin-dir"), fixture("console"), text("--scenario"),
+                                 path("a.jsonl"), text("--screenshot"), m_dir->path()});
+    QTRY_VERIFY(!screenshotSize().isEmpty());
+    QCOMPARE(process.state(), QProcess::Running);
+    process.terminate();
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 0);
+}
+
+void tst_K7Host::aTraceThatCannotBeWrittenIsToldInOneLine()
+{
+    const Result result = run(consoleRun({text("--trace"), path("missing/a.trace")}));
+    QCOMPARE(linesOf(result.err).size(), 1);
+    QVERIFY2(result.err.contains(path("missing/a.trace")), qPrintable(result.err));
+    QCOMPARE(result.exitCode, 2);
+}
+
+void tst_K7Host::aFullDiskIsToldOnceAndEndsNothing()
+{
+    const Result result = run(consoleRun({text("--trace"), text("/dev/full")}));
+    QCOMPARE(linesOf(result.err).size(), 1);
+    QVERIFY2(result.err.contains(text("/dev/full")), qPrintable(result.err));
+    QCOMPARE(result.exitCode, 0);
+}
+
+void tst_K7Host::aKilledProgramLeavesWholeLines()
+{
+    addFile(path("a.jsonl"), "{\"op\":\"updateKeyboard\",\"half\":\"left\"}\n{\"op\":\"wait\",\"ms\":60000}");
+    QProcess process;
+    process.setProcessEnvironment(environment());
+    process.start(text(K7HOST),
+                  consoleRun({text("--scenario"), path("a.jsonl"), text("--trace"), path("trace")}));
+    QFile trace(path("trace"));
+    QByteArray lines;
+    const auto isPlayed = [&] {
+        trace.close();
+        if (trace.open(QIODevice::ReadOnly))
+            lines = trace.readAll();
+        return lines.contains("updateKeyboard");
+    };
+    QTRY_VERIFY(isPlayed());
+    process.kill();
+    QVERIFY(process.waitForFinished());
+    QVERIFY(isPlayed());
+    QVERIFY(lines.endsWith('\n'));
+    QCOMPARE(tracedCalls(lines), QStringList{text("updateKeyboard")});
+}
+
+void tst_K7Host::withoutADisplayAScenarioIsPlayed()
+{
+    addFile(path("a.jsonl"), "{\"op\":\"updateKeyboard\"}");
+    QProcessEnvironment session = environment();
+    session.remove(text("QT_QPA_PLATFORM"));
+    const Result result = run(consoleRun({text("--scenario"), path("a.jsonl")}), session);
+    QCOMPARE(result.err, text("k7host: no display, running offscreen\n"));
+    QCOMPARE(result.exitCode, 0);
+}
+
+void tst_K7Host::latencyIsSummedUpAtTheEnd()
+{
+    const Result result = run(consoleRun({text("--latency")}));
+    QCOMPARE(result.out, QString());
+    QVERIFY2(result.err.contains(text("touch")) && result.err.contains(text("record")),
+             qPrintable(result.err));
+    QCOMPARE(result.exitCode, 0);
+}
+
+void tst_K7Host::aBadLinkIsNoFault()
+{
+    const Result result = run(
+        consoleRun({text("--faults"), text("late,lost,duplicate,garbled,storm"), text("--seed"), text("3")}));
+    QCOMPARE(result.err, QString());
+    QCOMPARE(result.exitCode, 0);
 }
 
 QTEST_GUILESS_MAIN(tst_K7Host)

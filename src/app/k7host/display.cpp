@@ -24,7 +24,7 @@ constexpr QSize FrameRoom(16, 48);
 // Tried in this order.
 const char Platforms[] = "xcb;wayland;offscreen";
 
-QtMessageHandler usualHandler = nullptr; // while Qt's words are kept from the log
+QtMessageHandler usualHandler = nullptr; // when another one is put before it
 
 /// Without any platform that it can use, Qt ends the program; this then says so.
 void passOnlyTheEnd(QtMsgType type, const QMessageLogContext & /*context*/, const QString & /*text*/)
@@ -34,6 +34,13 @@ void passOnlyTheEnd(QtMsgType type, const QMessageLogContext & /*context*/, cons
     complain(QStringLiteral("cannot use the platform '%1' of %2")
                  .arg(QString::fromLocal8Bit(qgetenv(PlatformVariable)), QLatin1String(PlatformVariable)));
     std::_Exit(ExitBadArguments);
+}
+
+/// The offscreen platform says of every message box and popup what it cannot do, and nobody can help it.
+void passOnWithoutExcuses(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    if (!text.startsWith(QLatin1String("This plugin does not support ")))
+        usualHandler(type, context, text);
 }
 
 bool isOffscreen()
@@ -58,12 +65,12 @@ void prepareDisplay(const Options &options)
 
 std::optional<Fault> checkDisplay(const Options &options)
 {
-    qInstallMessageHandler(usualHandler);
+    qInstallMessageHandler(isOffscreen() ? passOnWithoutExcuses : usualHandler);
     if (!isOffscreen() || qgetenv(PlatformVariable) != Platforms)
         return {};
-    if (options.screenshotDir.isEmpty()) {
-        return Fault{ExitBadArguments,
-                     QStringLiteral("no display: set DISPLAY or WAYLAND_DISPLAY, or use --screenshot")};
+    if (options.screenshotDir.isEmpty() && options.scenario.isEmpty()) {
+        return Fault{ExitBadArguments, QStringLiteral("no display: set DISPLAY or WAYLAND_DISPLAY, or use "
+                                                      "--screenshot or --scenario")};
     }
     complain(QStringLiteral("no display, running offscreen"));
     return {};

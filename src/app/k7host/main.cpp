@@ -6,8 +6,10 @@
 #include "consolesession.h"
 #include "consolewindow.h"
 #include "display.h"
+#include "faultylink.h"
 #include "hardwarepanel.h"
 #include "hostsettings.h"
+#include "instruments.h"
 #include "keypadtrigger.h"
 #include "languagemenu.h"
 #include "logging.h"
@@ -15,6 +17,7 @@
 #include "pluginhost.h"
 #include "quitonsignal.h"
 #include "scaledview.h"
+#include "scenario.h"
 #include "screenshot.h"
 #include "simulatedprocessor.h"
 
@@ -81,19 +84,40 @@ void join(ConsoleWindow *window, SimulatedProcessor *processor)
 }
 
 /// Does what was asked for once the console is shown.
-void finishStart(ConsoleWindow *window, const Options &options)
+void finishStart(ConsoleWindow *window, Instruments *instruments, const Options &options)
 {
+    instruments->start(window);
+    if (!options.scenario.isEmpty())
+        return;
     if (!options.screenshotDir.isEmpty()) {
-        const qreal factor = options.scale > 0 ? options.scale : 1;
-        if (const auto fault = saveScreenshot(window->picture(factor), options.screenshotDir))
+        const auto fault = saveScreenshot(window->picture(options.pictureFactor()), options.screenshotDir,
+                                          ScreenshotLine().file);
+        if (fault)
             return QCoreApplication::exit(report(*fault));
     }
     if (options.exit)
         QCoreApplication::exit(ExitDone);
 }
 
+/// What follows when the scenario ends, well or not.
+void followScenario(Instruments *instruments, ConsoleSession *session, const Options &options, bool isTrace)
+{
+    QObject::connect(instruments, &Instruments::failed, session,
+                     [](const Fault &fault) { QCoreApplication::exit(report(fault)); });
+    QObject::connect(instruments, &Instruments::played, session, [=] {
+        if (options.exit)
+            QCoreApplication::exit(ExitDone);
+        else if (isTrace)
+            session->start(); // the link takes over
+    });
+}
+
 int showConsole(int argc, char *argv[], const Options &options)
 {
+    Scenario scenario;
+    if (const auto fault = readScenario(options.scenario, &scenario))
+        return report(*fault);
+
     prepareDisplay(options);
     QApplication application(argc, argv);
     if (const auto fault = checkDisplay(options))
@@ -115,18 +139,30 @@ int showConsole(int argc, char *argv[], const Options &options)
 
     ApplicationLanguage language(plugin, settings.store(), translationsDir());
     SimulatedProcessor processor;
-    ConsoleSession session(plugin, &processor);
-    session.start();
+    const auto badLink =
+        options.faults ? std::make_unique<FaultyLink>(&processor, options.faults, options.seed) : nullptr;
+    Instruments instruments(options, scenario);
+    ConsoleSession session(plugin, badLink ? badLink.get() : static_cast<DeviceLink *>(&processor));
+    session.prepare();
+    if (const auto fault = instruments.watch(&session))
+        return report(*fault);
+    // A trace holds all that the link would report.
+    if (!scenario.isTrace())
+        session.start();
+    followScenario(&instruments, &session, options, scenario.isTrace());
 
     ConsoleWindow window(session.halves());
     join(&window, &processor);
     window.hardwarePanel()->toolPlace()->addWidget(new LanguageMenu(&language));
     const KeypadTrigger keypad(&window);
-    QObject::connect(&window, &ConsoleWindow::shown, &window, [&] { finishStart(&window, options); });
+    QObject::connect(&window, &ConsoleWindow::shown, &window,
+                     [&] { finishStart(&window, &instruments, options); });
     const auto view = show(&window, options);
 
     const QuitOnSignal quitOnSignal;
-    return QApplication::exec();
+    const int exitCode = QApplication::exec();
+    std::fputs(qPrintable(instruments.latencySummary()), stderr);
+    return exitCode;
 }
 
 } // namespace

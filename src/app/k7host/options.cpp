@@ -5,7 +5,10 @@
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFileInfo>
 #include <QLocale>
+
+#include <limits>
 
 namespace K7Host {
 
@@ -28,6 +31,8 @@ private:
     bool readText(const QCommandLineOption &option, QString *value, QString *error) const;
     bool readLanguage(Options *options, QString *error) const;
     bool readScale(Options *options, QString *error) const;
+    bool readFaults(Options *options, QString *error) const;
+    bool checkTrace(const Options &options, QString *error) const;
 
     const QString m_programDir;
     QCommandLineParser m_parser;
@@ -46,10 +51,30 @@ private:
         QStringLiteral("Size of the console: auto fits it to the screen, 0.25 to 4 is a factor."),
         QStringLiteral("auto|FACTOR")};
     const QCommandLineOption m_screenshot{QStringLiteral("screenshot"),
-                                          QStringLiteral("Write DIR/console.png once the console is shown."),
+                                          QStringLiteral("Write pictures to DIR: those of the scenario, or "
+                                                         "console.png once the console is shown."),
                                           QStringLiteral("DIR")};
-    const QCommandLineOption m_exit{QStringLiteral("exit"),
-                                    QStringLiteral("Leave once the console is shown.")};
+    const QCommandLineOption m_scenario{
+        QStringLiteral("scenario"), QStringLiteral("Play the scenario or trace FILE, - for standard input."),
+        QStringLiteral("FILE")};
+    const QCommandLineOption m_trace{
+        QStringLiteral("trace"),
+        QStringLiteral("Record what passes between host and console into FILE, - for standard output."),
+        QStringLiteral("FILE")};
+    const QCommandLineOption m_inspect{QStringLiteral("inspect"), QStringLiteral("Open the inspector.")};
+    const QCommandLineOption m_latency{
+        QStringLiteral("latency"),
+        QStringLiteral("Measure how long keys and records take, and show it at the end.")};
+    const QCommandLineOption m_faults{
+        QStringLiteral("faults"),
+        QStringLiteral("Make the link bad every other two seconds: late, lost, duplicate, garbled, storm, "
+                       "with commas between them."),
+        QStringLiteral("LIST")};
+    const QCommandLineOption m_seed{QStringLiteral("seed"),
+                                    QStringLiteral("What the faults' chances begin with, 1 by default."),
+                                    QStringLiteral("NUMBER")};
+    const QCommandLineOption m_exit{
+        QStringLiteral("exit"), QStringLiteral("Leave once the scenario is over, or the console is shown.")};
     const QCommandLineOption m_listPlugins{
         QStringLiteral("list-plugins"),
         QStringLiteral("Show name, version, state and file of each plug-in.")};
@@ -64,8 +89,9 @@ Reader::Reader(const QString &programDir)
 {
     m_parser.setApplicationDescription(
         QStringLiteral("Shows the K7 console on screen, answered by a simulated video processor."));
-    m_parser.addOptions({m_pluginDir, m_theme, m_language, m_scale, m_screenshot, m_exit, m_listPlugins,
-                         m_verbose, m_help, m_version});
+    m_parser.addOptions({m_pluginDir, m_theme, m_language, m_scale, m_screenshot, m_scenario, m_trace,
+                         m_inspect, m_latency, m_faults, m_seed, m_exit, m_listPlugins, m_verbose, m_help,
+                         m_version});
 }
 
 QString Reader::defaultDir(const char *pathFromProgram) const
@@ -108,17 +134,22 @@ bool Reader::readValues(Options *options, QString *error) const
     options->exit = m_parser.isSet(m_exit);
     options->listPlugins = m_parser.isSet(m_listPlugins);
     options->verbose = m_parser.isSet(m_verbose);
+    options->inspect = m_parser.isSet(m_inspect);
+    options->latency = m_parser.isSet(m_latency);
     return readText(m_pluginDir, &options->pluginDir, error) &&
            readText(m_theme, &options->themeDir, error) &&
-           readText(m_screenshot, &options->screenshotDir, error) && readLanguage(options, error) &&
-           readScale(options, error);
+           readText(m_screenshot, &options->screenshotDir, error) &&
+           readText(m_scenario, &options->scenario, error) && readText(m_trace, &options->trace, error) &&
+           readLanguage(options, error) && readScale(options, error) && readFaults(options, error) &&
+           checkTrace(*options, error);
 }
 
 bool Reader::readText(const QCommandLineOption &option, QString *value, QString *error) const
 {
     *value = m_parser.value(option);
     // The parser takes whatever follows for the value, be it the next option.
-    const bool isMissing = value->isEmpty() || value->startsWith(QLatin1Char('-'));
+    const bool isOption = value->startsWith(QLatin1Char('-')) && value->size() > 1;
+    const bool isMissing = value->isEmpty() || isOption;
     if (m_parser.isSet(option) && isMissing) {
         *error = QStringLiteral("Missing value after '--%1'.").arg(option.names().constFirst());
         return false;
@@ -150,6 +181,37 @@ bool Reader::readScale(Options *options, QString *error) const
         return true;
     *error = QStringLiteral("'%1' after '--scale' is neither auto nor a factor from %2 to %3.")
                  .arg(text, QString::number(SmallestScale), QString::number(LargestScale));
+    return false;
+}
+
+bool Reader::readFaults(Options *options, QString *error) const
+{
+    QString list;
+    if (!readText(m_faults, &list, error))
+        return false;
+    if (!list.isEmpty()) {
+        const auto faults = linkFaultsFromText(list, error);
+        if (!faults)
+            return false;
+        options->faults = *faults;
+    }
+    if (!m_parser.isSet(m_seed))
+        return true;
+    bool isNumber = false;
+    options->seed = m_parser.value(m_seed).toUInt(&isNumber);
+    if (isNumber)
+        return true;
+    *error = QStringLiteral("'%1' after '--seed' is no number from 0 to %2.")
+                 .arg(m_parser.value(m_seed), QString::number(std::numeric_limits<quint32>::max()));
+    return false;
+}
+
+bool Reader::checkTrace(const Options &options, QString *error) const
+{
+    const QString scenario = QFileInfo(options.scenario).canonicalFilePath(); // empty unless it is there
+    if (scenario.isEmpty() || scenario != QFileInfo(options.trace).canonicalFilePath())
+        return true;
+    *error = QStringLiteral("'--trace' would overwrite the scenario %1.").arg(options.scenario);
     return false;
 }
 

@@ -3,12 +3,14 @@
 
 #pragma once
 
+#include "linkfaults.h"
+
 #include <QString>
 #include <QStringList>
 
 namespace K7Host {
 
-/// What the command line asks for. Folders are absolute or relative to the working directory.
+/// What the command line asks for. Files and folders are absolute or relative to the working directory.
 struct Options
 {
     QString pluginDir;
@@ -17,9 +19,18 @@ struct Options
     bool scaleGiven = false;
     qreal scale = 0;       ///< 0.25 to 4; 0 fits the console to the screen
     QString screenshotDir; ///< empty: no picture is written
+    QString scenario;      ///< file to play, "-" for standard input; empty: none
+    QString trace;         ///< file to record into, "-" for standard output; empty: none
+    LinkFaults faults;
+    quint32 seed = 1; ///< of the faults
+    bool inspect = false;
+    bool latency = false;
     bool exit = false;
     bool listPlugins = false;
     bool verbose = false;
+
+    /// Of pictures, whatever the size on the screen.
+    qreal pictureFactor() const { return scale > 0 ? scale : 1; }
 };
 
 /// How a command line was understood.

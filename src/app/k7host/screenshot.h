@@ -11,7 +11,8 @@
 
 namespace K7Host {
 
-/// Writes \a picture to console.png in the folder \a dir, which is made when it is not there.
-std::optional<Fault> saveScreenshot(const QImage &picture, const QString &dir);
+/// Writes \a picture to \a file in the folder \a dir, which is made when it is not there. The kind is that of
+/// the file's ending.
+std::optional<Fault> saveScreenshot(const QImage &picture, const QString &dir, const QString &file);
 
 } // namespace K7Host

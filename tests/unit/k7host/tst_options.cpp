@@ -3,10 +3,14 @@
 
 #include <options.h>
 
+#include <QFileInfo>
 #include <QRegularExpression>
+#include <QTemporaryFile>
 #include <QTest>
 
 using K7Host::CommandLine;
+using K7Host::LinkFault;
+using K7Host::Options;
 using K7Host::parseCommandLine;
 
 class tst_Options : public QObject
@@ -18,6 +22,8 @@ private slots:
     void valuesAreTakenOver();
     void switchesAreTakenOver_data();
     void switchesAreTakenOver();
+    void whatWatchesTheConsoleIsOffUnlessAsked();
+    void aTraceDoesNotOverwriteItsScenario();
     void scaleIsFitOrAFactor_data();
     void scaleIsFitOrAFactor();
     void wrongArgumentsAreRefusedInOneLine_data();
@@ -80,6 +86,40 @@ void tst_Options::switchesAreTakenOver()
     QTEST(line.options.verbose, "verbose");
 }
 
+void tst_Options::whatWatchesTheConsoleIsOffUnlessAsked()
+{
+    const Options usual = parse({}).options;
+    QVERIFY(!usual.inspect);
+    QVERIFY(!usual.latency);
+    QVERIFY(!usual.faults);
+    QCOMPARE(usual.scenario, QString());
+    QCOMPARE(usual.trace, QString());
+
+    const CommandLine line =
+        parse({QStringLiteral("--inspect"), QStringLiteral("--latency"), QStringLiteral("--scenario"),
+               QStringLiteral("-"), QStringLiteral("--trace"), QStringLiteral("a.trace"),
+               QStringLiteral("--faults"), QStringLiteral("late,storm"), QStringLiteral("--seed"),
+               QStringLiteral("4294967295")});
+    QCOMPARE(line.outcome, CommandLine::Run);
+    QVERIFY(line.options.inspect);
+    QVERIFY(line.options.latency);
+    QCOMPARE(line.options.scenario, QStringLiteral("-"));
+    QCOMPARE(line.options.trace, QStringLiteral("a.trace"));
+    QCOMPARE(line.options.faults, LinkFault::Late | LinkFault::Storm);
+    QCOMPARE(line.options.seed, 0xffffffffU);
+}
+
+void tst_Options::aTraceDoesNotOverwriteItsScenario()
+{
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    const CommandLine line =
+        parse({QStringLiteral("--scenario"), file.fileName(), QStringLiteral("--trace"),
+               QFileInfo(file).path() + QStringLiteral("/./") + QFileInfo(file).fileName()});
+    QCOMPARE(line.outcome, CommandLine::Refused);
+    QVERIFY2(line.text.contains(file.fileName()), qPrintable(line.text));
+}
+
 void tst_Options::scaleIsFitOrAFactor_data()
 {
     QTest::addColumn<QString>("text");
@@ -127,6 +167,15 @@ void tst_Options::wrongArgumentsAreRefusedInOneLine_data()
     row("no number", "--scale nan", "nan");
     row("infinite scale", "--scale inf", "inf");
     row("number with more behind", "--scale 1x", "1x");
+    row("no scenario", "--scenario", "--scenario");
+    row("option for a scenario", "--scenario --exit", "--scenario");
+    row("option for a trace", "--trace --exit", "--trace");
+    row("unknown fault", "--faults late,foo", "'foo' is no fault");
+    row("empty fault", "--faults late,", "'' is no fault");
+    row("no faults", "--faults", "--faults");
+    row("no seed", "--seed=", "''");
+    row("negative seed", "--seed -1", "'-1'");
+    row("seed too large", "--seed 4294967296", "4294967295");
 }
 
 void tst_Options::wrongArgumentsAreRefusedInOneLine()
@@ -151,11 +200,13 @@ void tst_Options::helpListsExactlyWhatThereIs()
             options << word;
     }
     options.sort();
-    const QStringList expectedOptions{QStringLiteral("--exit"),       QStringLiteral("--help"),
-                                      QStringLiteral("--lang"),       QStringLiteral("--list-plugins"),
-                                      QStringLiteral("--plugin-dir"), QStringLiteral("--scale"),
-                                      QStringLiteral("--screenshot"), QStringLiteral("--theme"),
-                                      QStringLiteral("--verbose"),    QStringLiteral("--version")};
+    const QStringList expectedOptions{
+        QStringLiteral("--exit"),         QStringLiteral("--faults"),     QStringLiteral("--help"),
+        QStringLiteral("--inspect"),      QStringLiteral("--lang"),       QStringLiteral("--latency"),
+        QStringLiteral("--list-plugins"), QStringLiteral("--plugin-dir"), QStringLiteral("--scale"),
+        QStringLiteral("--scenario"),     QStringLiteral("--screenshot"), QStringLiteral("--seed"),
+        QStringLiteral("--theme"),        QStringLiteral("--trace"),      QStringLiteral("--verbose"),
+        QStringLiteral("--version")};
     QCOMPARE(options, expectedOptions);
 }
 

@@ -38,7 +38,7 @@ inline QVector<Ovo::ExtensionSystem::PluginSpec *> find(const QStringList &fixtu
 /// What the fixtures recorded, as "<fixture>.<call>", oldest first.
 inline QStringList calls()
 {
-    return qApp->property("calls").toStringList();
+    return QCoreApplication::instance()->property("calls").toStringList();
 }
 
 /// Those of calls() that end with \a call.
@@ -49,7 +49,7 @@ inline QStringList calls(const QString &call)
 
 inline void clearCalls()
 {
-    qApp->setProperty("calls", QVariant());
+    QCoreApplication::instance()->setProperty("calls", QVariant());
 }
 
 } // namespace Fixtures

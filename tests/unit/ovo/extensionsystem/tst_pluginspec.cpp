@@ -130,7 +130,7 @@ void tst_PluginSpec::unusableMetadataIsInvalid()
 
     PluginManager::loadPlugins();
     QCOMPARE(spec->state(), PluginSpec::Invalid);
-    QVERIFY(!qApp->property("plainObject").isValid());
+    QVERIFY(!QCoreApplication::instance()->property("plainObject").isValid());
 }
 
 void tst_PluginSpec::providesTheVersionsFromCompatVersionToVersion_data()
