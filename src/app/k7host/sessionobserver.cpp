@@ -5,7 +5,8 @@
 
 namespace K7Host {
 
-void SessionObserver::calling(const HostCall & /*call*/, Half /*half*/, Korvo::IKorvoECKeyboard * /*keyboard*/)
+void SessionObserver::calling(const HostCall & /*call*/, Half /*half*/,
+                              Korvo::IKorvoECKeyboard * /*keyboard*/)
 {
 }
 
@@ -14,8 +15,6 @@ void SessionObserver::called(const HostCall & /*call*/, Half /*half*/, Korvo::IK
 {
 }
 
-void SessionObserver::emitted(const SignalLine & /*signal*/)
-{
-}
+void SessionObserver::emitted(const SignalLine & /*signal*/) {}
 
 } // namespace K7Host

@@ -516,7 +516,7 @@ void tst_PluginManager::aRootObjectOfAnotherTypeIsAnError()
     QCOMPARE(spec->state(), PluginSpec::Resolved);
     QVERIFY(spec->errorString().startsWith(QStringLiteral("\"plainobject\" cannot be used: ")));
     QVERIFY(!spec->plugin());
-    QCOMPARE(qApp->property("plainObject").toString(), QStringLiteral("deleted"));
+    QCOMPARE(QCoreApplication::instance()->property("plainObject").toString(), QStringLiteral("deleted"));
     QCOMPARE(runningPlugins(), QStringList(QStringLiteral("single")));
 }
 
