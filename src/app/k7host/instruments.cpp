@@ -191,7 +191,7 @@ QString Instruments::Private::faultOf(const InputLine &input, const ConsoleWidge
                                       QSet<int> *fingers) const
 {
     if (!comesLater(input.widget)) {
-        const QString fault = widgets.find(input).fault;
+        QString fault = widgets.find(input).fault;
         if (!fault.isEmpty())
             return fault;
     }

@@ -216,7 +216,7 @@ int readMs(ObjectReader *line)
 
 QString readSignalName(ObjectReader *line)
 {
-    const QString signal = line->takeText(QStringLiteral("signal"));
+    QString signal = line->takeText(QStringLiteral("signal"));
     if (!isPluginSignal(signal))
         line->fail(QStringLiteral("\"%1\" is no signal of the plug-in").arg(signal));
     return signal;
@@ -282,8 +282,8 @@ MessageLine readMessage(ObjectReader *line)
             fields.fail(QStringLiteral("\"%1\" is to be a text").arg(name));
         return field.toString();
     };
-    const MessageLine message{text(QStringLiteral("title")), text(QStringLiteral("text")),
-                              text(QStringLiteral("informative"))};
+    MessageLine message{text(QStringLiteral("title")), text(QStringLiteral("text")),
+                        text(QStringLiteral("informative"))};
     fields.finish();
     if (!fields.error().isEmpty())
         line->fail(fields.error());
