@@ -9,9 +9,8 @@
 
 namespace K7Host {
 
-/// Gives the application the looks in the folder \a dir: its style sheet console.qss, whose pictures are
-/// found as "theme:...", its pictures by name, and a dark palette for what the style sheet does not style.
-/// Needs the QApplication. A fault when the style sheet cannot be read.
+/// Gives the application the looks in the folder \a dir: see Theme. Needs the QApplication. What is shown
+/// already takes the new looks at once. A fault leaves the old ones.
 std::optional<Fault> applyTheme(const QString &dir);
 
 } // namespace K7Host

@@ -20,7 +20,6 @@ namespace K7Host {
 
 namespace {
 
-constexpr QRgb Background = 0xff101215;
 constexpr int Seam = 16; // pixels between the halves
 
 } // namespace
@@ -62,7 +61,7 @@ ConsoleWindow::~ConsoleWindow()
 QImage ConsoleWindow::picture(qreal factor)
 {
     QImage image((QSizeF(size()) * factor).toSize(), QImage::Format_RGB32);
-    image.fill(Background);
+    image.fill(palette().color(QPalette::Window));
     // Scaled by the painter: rendering to an image with a pixel ratio below 1 leaves part of it out.
     QPainter painter(&image);
     painter.scale(factor, factor);
@@ -98,7 +97,7 @@ bool ConsoleWindow::focusNextPrevChild(bool next)
 
 void ConsoleWindow::paintEvent(QPaintEvent *event)
 {
-    QPainter(this).fillRect(event->rect(), QColor::fromRgb(Background));
+    QPainter(this).fillRect(event->rect(), palette().color(QPalette::Window));
     if (isVisible() && !m_isShown) {
         m_isShown = true;
         // The halves are painted after their window.

@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QGraphicsItem>
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -34,22 +35,6 @@ constexpr qreal WheelStep = 120; // eighths of a degree
 constexpr int IdSize = 28;
 constexpr int IdSizeWithName = 18;
 constexpr int NameSize = 8;
-
-constexpr QRgb MapBackground = 0xff101215;
-constexpr QRgb HalfBackground = 0xff1b1e22;
-constexpr QRgb SelectedFill = 0xff174a8c;
-constexpr QRgb FlashFill = 0xff8a6a1e;
-constexpr QRgb HoveredLine = 0xff8fc1ff;
-
-struct MapPaint
-{
-    QRgb fill;
-    QRgb line;
-    QRgb text;
-};
-
-constexpr MapPaint KeyPaint{0xff343a42, 0xff59616b, 0xfff4f6f9};
-constexpr MapPaint LabelPaint{0xff070b0f, 0xff444b54, 0xff9fd3ee};
 
 /// A key or a label, where it is on the console.
 class MapItem : public QGraphicsItem
@@ -86,18 +71,28 @@ public:
     QRectF boundingRect() const override { return m_rect.adjusted(-1, -1, 1, 1); }
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget * /*widget*/) override
     {
-        const MapPaint &paint = m_kind == ConsoleItem::Key ? KeyPaint : LabelPaint;
+        const QPalette colors = QGuiApplication::palette();
         const bool isHovered = option->state.testFlag(QStyle::State_MouseOver);
-        QPen pen(QColor(isHovered ? HoveredLine : paint.line), isHovered ? 2 : 1);
+        QPen pen(colors.color(isHovered ? QPalette::Highlight : QPalette::Mid), isHovered ? 2 : 1);
         pen.setCosmetic(true);
         painter->setPen(pen);
-        painter->setBrush(QColor(m_isLit ? FlashFill : isSelected() ? SelectedFill : paint.fill));
+        painter->setBrush(colors.color(ground()));
         painter->drawRoundedRect(m_rect, Corner, Corner);
-        painter->setPen(QColor(paint.text));
+        painter->setPen(colors.color(lettering()));
         drawTexts(painter);
     }
 
 private:
+    QPalette::ColorRole ground() const
+    {
+        const QPalette::ColorRole usual = m_kind == ConsoleItem::Key ? QPalette::Button : QPalette::Base;
+        return m_isLit ? QPalette::ToolTipBase : isSelected() ? QPalette::Highlight : usual;
+    }
+    QPalette::ColorRole lettering() const
+    {
+        const QPalette::ColorRole usual = m_kind == ConsoleItem::Key ? QPalette::ButtonText : QPalette::Text;
+        return m_isLit ? QPalette::ToolTipText : isSelected() ? QPalette::HighlightedText : usual;
+    }
     void drawTexts(QPainter *painter) const
     {
         const bool hasName =
@@ -140,7 +135,7 @@ KeyMap::KeyMap(QWidget *parent)
     m_flashTimer->setInterval(FlashMs);
     connect(m_flashTimer, &QTimer::timeout, this, &KeyMap::endFlash);
     setScene(new QGraphicsScene(this));
-    setBackgroundBrush(QColor(MapBackground));
+    setBackgroundRole(QPalette::Window);
     setRenderHint(QPainter::Antialiasing);
     setTransformationAnchor(AnchorUnderMouse);
     setAlignment(Qt::AlignHCenter | Qt::AlignTop);
@@ -238,7 +233,7 @@ qreal KeyMap::drawHalf(const IKorvoECKeyboard &half, qreal left)
     // No more than what holds keys: the smaller the map, the larger its ids.
     const QRect shown = keys.adjusted(-Margin, -Margin, Margin, Margin);
     const QPointF offset = QPointF(left, 0) - shown.topLeft();
-    scene()->addRect(QRectF(shown).translated(offset), Qt::NoPen, QColor(HalfBackground));
+    scene()->addRect(QRectF(shown).translated(offset), Qt::NoPen, palette().color(QPalette::AlternateBase));
     for (const ConsoleItem &item : items) {
         auto *mapItem = new MapItem(item, QRectF(placeOf(item, half)).translated(offset));
         scene()->addItem(mapItem);

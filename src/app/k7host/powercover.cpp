@@ -10,12 +10,6 @@
 
 namespace K7Host {
 
-namespace {
-
-constexpr QRgb NearlyBlack = 0xff040506;
-
-} // namespace
-
 PowerCover::PowerCover(QWidget *parent)
     : QWidget(parent)
     , m_ui(std::make_unique<Ui::PowerCover>())
@@ -37,7 +31,7 @@ void PowerCover::setPower(Power power)
 
 void PowerCover::paintEvent(QPaintEvent *event)
 {
-    QPainter(this).fillRect(event->rect(), QColor::fromRgb(NearlyBlack));
+    QPainter(this).fillRect(event->rect(), palette().color(QPalette::Shadow));
 }
 
 } // namespace K7Host

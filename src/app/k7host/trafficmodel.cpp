@@ -3,8 +3,10 @@
 
 #include "trafficmodel.h"
 
+#include <QGuiApplication>
 #include <QIcon>
 #include <QPainter>
+#include <QPalette>
 #include <QPixmap>
 #include <QTimer>
 
@@ -19,7 +21,6 @@ constexpr int BatchMs = 33;
 constexpr double MsPerSecond = 1000;
 
 constexpr int SwatchSize = 14; // pixels
-constexpr QRgb SwatchRim = 0xff646b75;
 
 QString directionText(const ScenarioLine &line)
 {
@@ -32,7 +33,7 @@ QString directionText(const ScenarioLine &line)
 QIcon swatchOf(const QColor &color)
 {
     QPixmap pixmap(SwatchSize, SwatchSize);
-    pixmap.fill(QColor(SwatchRim)); // a dark colour is seen on a dark row too
+    pixmap.fill(QGuiApplication::palette().color(QPalette::Mid)); // a dark colour is seen on a dark row too
     QPainter(&pixmap).fillRect(pixmap.rect().adjusted(1, 1, -1, -1), color);
     QIcon icon(pixmap);
     icon.addPixmap(pixmap, QIcon::Selected); // not tinted

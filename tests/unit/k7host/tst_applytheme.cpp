@@ -3,11 +3,13 @@
 
 #include <applytheme.h>
 
+#include <korvo/ec/k7dropbutton.h>
 #include <korvo/utils/icon.h>
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QPalette>
 #include <QTemporaryDir>
 #include <QTest>
@@ -24,7 +26,7 @@ private slots:
 
     void theStyleSheetIsApplied();
     void picturesAreFoundByNameAndByPath();
-    void thePaletteIsDark();
+    void whatIsShownTakesTheNewLooks();
     void aMissingThemeIsAFault_data();
     void aMissingThemeIsAFault();
 
@@ -68,20 +70,40 @@ void tst_ApplyTheme::picturesAreFoundByNameAndByPath()
     QVERIFY(!applyTheme(m_dir->path()));
     QVERIFY(QFile::exists(QStringLiteral("theme:images/lamp.png")));
     QCOMPARE(Korvo::Utils::Icon::imageFileName(QStringLiteral("lamp"), QString()),
-             m_dir->filePath(QStringLiteral("images/lamp.png")));
+             QStringLiteral("theme:images/lamp.png"));
 }
 
-void tst_ApplyTheme::thePaletteIsDark()
+void tst_ApplyTheme::whatIsShownTakesTheNewLooks()
 {
-    writeFile(QStringLiteral("console.qss"), "QLabel {}");
-    QVERIFY(!applyTheme(m_dir->path()));
-    const QPalette palette = QApplication::palette();
-    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button})
-        QVERIFY(palette.color(role).lightness() < 64);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        QVERIFY(palette.color(role).lightness() > 192);
-        QVERIFY(palette.color(QPalette::Disabled, role).lightness() < 160);
-    }
+    const auto writeTheme = [this](const QByteArray &folder, const QByteArray &ground,
+                                   const QColor &picture) {
+        QVERIFY(QDir(m_dir->path()).mkpath(QString::fromLatin1(folder + "/images")));
+        writeFile(QString::fromLatin1(folder + "/console.qss"), "QLabel { background-color: @ground; }");
+        writeFile(QString::fromLatin1(folder + "/theme.ini"),
+                  "[Colors]\nground=" + ground + "\n[Palette]\nWindow=ground\n");
+        QImage key(8, 8, QImage::Format_RGB32);
+        key.fill(picture);
+        QVERIFY(key.save(m_dir->filePath(QString::fromLatin1(folder + "/images/key.png"))));
+    };
+    writeTheme("night", "#000033", Qt::red);
+    writeTheme("day", "#ffffcc", Qt::green);
+
+    QVERIFY(!applyTheme(m_dir->filePath(QStringLiteral("night"))));
+    QLabel label;
+    Korvo::EC::K7DropButton key;
+    key.setStyleSheet(QStringLiteral("border-image:url(\"%1\")")
+                          .arg(Korvo::Utils::Icon::imageFileName(QStringLiteral("key"), QString())));
+    const auto colorOf = [](QWidget *widget) {
+        const QImage image = widget->grab().toImage();
+        return image.pixelColor(image.rect().center());
+    };
+    QCOMPARE(colorOf(&label), QColor(0x00, 0x00, 0x33));
+    QCOMPARE(colorOf(&key), QColor(Qt::red));
+
+    QVERIFY(!applyTheme(m_dir->filePath(QStringLiteral("day"))));
+    QCOMPARE(colorOf(&label), QColor(0xff, 0xff, 0xcc));
+    QCOMPARE(colorOf(&key), QColor(Qt::green));
+    QCOMPARE(QApplication::palette().color(QPalette::Window), QColor(0xff, 0xff, 0xcc));
 }
 
 void tst_ApplyTheme::aMissingThemeIsAFault_data()

@@ -46,7 +46,7 @@ private slots:
     void aHalfThatWantsMoreRoomLaterGetsIt();
     void thePictureHasTheNativeSizeTimesTheFactor_data();
     void thePictureHasTheNativeSizeTimesTheFactor();
-    void thePictureShowsTheHalvesOnADarkBackground();
+    void thePictureShowsTheHalvesOnTheDesk();
     void shownIsToldOnceAndAfterTheHalvesWerePainted();
     void aPictureBeforeTheWindowIsShownTellsNothing();
     void noKeyHasTheFocusAtTheStart();
@@ -157,7 +157,7 @@ void tst_ConsoleWindow::thePictureHasTheNativeSizeTimesTheFactor()
     QCOMPARE(picture.pixelColor(1, 1), QColor(Qt::darkRed));
 }
 
-void tst_ConsoleWindow::thePictureShowsTheHalvesOnADarkBackground()
+void tst_ConsoleWindow::thePictureShowsTheHalvesOnTheDesk()
 {
     const FakeKeyboardPlugin plugin;
     ConsoleWindow window(plugin.keyboards());
@@ -167,7 +167,7 @@ void tst_ConsoleWindow::thePictureShowsTheHalvesOnADarkBackground()
     QCOMPARE(picture.pixelColor(1753, 825), QColor(Qt::darkRed));
     QCOMPARE(picture.pixelColor(1770, 0), QColor(Qt::darkBlue));
     for (const QPoint &point : {QPoint(0, 826), QPoint(1753, 1049), QPoint(1754, 0), QPoint(1769, 0)})
-        QVERIFY2(picture.pixelColor(point).lightness() < 32, qPrintable(picture.pixelColor(point).name()));
+        QCOMPARE(picture.pixelColor(point), window.palette().color(QPalette::Window));
 }
 
 void tst_ConsoleWindow::shownIsToldOnceAndAfterTheHalvesWerePainted()
@@ -341,7 +341,7 @@ void tst_ConsoleWindow::withoutPowerTheHalvesAreCovered()
     QVERIFY(cover->isVisible());
     const QImage image = window.grab().toImage();
     for (const QPoint &point : {QPoint(5, 5), QPoint(1700, 800), QPoint(1760, 5), QPoint(3480, 1040)})
-        QVERIFY2(image.pixelColor(point).lightness() < 12, qPrintable(image.pixelColor(point).name()));
+        QCOMPARE(image.pixelColor(point), cover->palette().color(QPalette::Shadow));
     QVERIFY(window.hardwarePanel()->isVisible());
     const QPoint onPanel = window.hardwarePanel()->geometry().center();
     QVERIFY(window.hardwarePanel()->isAncestorOf(window.childAt(onPanel)) ||

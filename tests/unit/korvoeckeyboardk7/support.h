@@ -27,7 +27,7 @@ struct LivePlugin
 {
     LivePlugin()
     {
-        Korvo::Utils::Icon::setThemePath(QStringLiteral(K7_THEME));
+        Korvo::Utils::Icon::setThemePaths({QStringLiteral(K7_THEME)});
         plugin.initStyleSheet();
     }
     Korvo::ECKeyboard::K7Plugin plugin;

@@ -402,7 +402,6 @@ void tst_K7Plugin::stylesNameThePictureFile()
     const QRegularExpressionMatch match = form.match(style);
     QVERIFY2(match.hasMatch(), qPrintable(style));
     const QFileInfo file(match.captured(1));
-    QVERIFY(file.isAbsolute());
     QVERIFY(file.exists());
     QCOMPARE(file.completeBaseName(), iconKey(static_cast<eECButtonImage>(image)));
 }
@@ -414,7 +413,7 @@ void tst_K7Plugin::stylesAreResolvedOnce()
     QVERIFY(!before.isEmpty());
 
     const QTemporaryDir elsewhere;
-    Utils::Icon::setThemePath(elsewhere.path());
+    Utils::Icon::setThemePaths({elsewhere.path()});
     live.plugin.initStyleSheet();
     QCOMPARE(live.plugin.ecButtonBorderImageCSS(RedButton), before);
 }

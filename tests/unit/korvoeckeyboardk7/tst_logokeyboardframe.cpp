@@ -120,7 +120,7 @@ private:
 
 void tst_LogoKeyboardFrame::initTestCase()
 {
-    Icon::setThemePath(QStringLiteral(K7_THEME));
+    Icon::setThemePaths({QStringLiteral(K7_THEME)});
     const QList<QImage> all{picture("eth1_online"), picture("eth1_offline"), picture("eth2_online"),
                             picture("eth2_offline")};
     for (int i = 0; i < all.size(); ++i) {

@@ -15,16 +15,16 @@ namespace {
 
 Q_LOGGING_CATEGORY(utilsLog, "korvo.utils")
 
-struct Theme
+// What Qt knows the theme's folders as; style sheets name their pictures by it as well.
+QString searchPrefix()
 {
-    QString imageFolder; // absolute and clean; empty until a theme is set
-    QSet<QPair<QString, QString>> reported;
-};
+    return QStringLiteral("theme");
+}
 
-Theme &theme()
+QSet<QPair<QString, QString>> &reported()
 {
-    static Theme current;
-    return current;
+    static QSet<QPair<QString, QString>> names;
+    return names;
 }
 
 /// Names come from records and forms: none of them may lead out of its folder.
@@ -37,16 +37,18 @@ bool isPlainName(const QString &name)
 /// Empty when there is no such file.
 QString findImage(const QString &name, const QString &variant)
 {
-    const QString &root = theme().imageFolder;
-    if (root.isEmpty() || !isPlainName(name) || !(variant.isEmpty() || isPlainName(variant)))
+    if (!isPlainName(name) || !(variant.isEmpty() || isPlainName(variant)))
         return QString();
 
-    // Joined by hand: QDir would follow a name that looks like a search path ("theme:x") out of the theme.
-    const QString folder = variant.isEmpty() ? root : root + QLatin1Char('/') + variant;
-    for (const auto &ending : {QLatin1String(".svg"), QLatin1String(".png")}) {
-        QString path = folder + QLatin1Char('/') + name + ending;
-        if (QFileInfo(path).isFile())
-            return path;
+    const QString folder =
+        QStringLiteral("images/") + (variant.isEmpty() ? QString() : variant + QLatin1Char('/'));
+    const QStringList roots = QDir::searchPaths(searchPrefix());
+    for (const QString &root : roots) {
+        for (const auto &ending : {QLatin1String(".svg"), QLatin1String(".png")}) {
+            const QString file = folder + name + ending;
+            if (QFileInfo(root + QLatin1Char('/') + file).isFile())
+                return searchPrefix() + QLatin1Char(':') + file;
+        }
     }
     return QString();
 }
@@ -54,19 +56,22 @@ QString findImage(const QString &name, const QString &variant)
 void reportOnce(const QString &name, const QString &variant)
 {
     const auto key = qMakePair(name, variant);
-    if (theme().reported.contains(key))
+    if (reported().contains(key))
         return;
-    theme().reported.insert(key);
-    qCWarning(utilsLog) << "No picture" << name << "variant" << variant << "in" << theme().imageFolder;
+    reported().insert(key);
+    qCWarning(utilsLog) << "No picture" << name << "variant" << variant << "in"
+                        << QDir::searchPaths(searchPrefix());
 }
 
 } // namespace
 
-void Icon::setThemePath(const QString &path)
+void Icon::setThemePaths(const QStringList &paths)
 {
-    theme().imageFolder =
-        path.isEmpty() ? QString() : QDir::cleanPath(QDir(path).absoluteFilePath(QStringLiteral("images")));
-    theme().reported.clear();
+    QStringList folders;
+    for (const QString &path : paths)
+        folders << QDir::cleanPath(QDir(path).absolutePath());
+    QDir::setSearchPaths(searchPrefix(), folders);
+    reported().clear();
 }
 
 QString Icon::imageFileName(const QString &name, const QString &variant)

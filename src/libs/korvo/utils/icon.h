@@ -7,24 +7,27 @@
 
 #include <QIcon>
 #include <QString>
+#include <QStringList>
 
 namespace Korvo::Utils {
 
-/// The host's icon store: finds pictures by name in the current theme folder. GUI thread only.
+/// The host's icon store: finds pictures by name in the current theme. GUI thread only.
 ///
-/// A picture is the file <theme>/images/[variant/]<name> with the first of the known endings (.svg, .png)
-/// that exists. Nothing outside the theme folder is ever found: a name or variant with a path separator, and
-/// "..", are unknown names.
+/// A picture is the file images/[variant/]<name> with the first of the known endings (.svg, .png) in the
+/// first of the theme's folders that holds one. Nothing outside of these is ever found: a name or variant
+/// with a path separator, and "..", are unknown names.
 class KORVO_UTILS_EXPORT Icon
 {
 public:
-    /// Sets the theme folder of all later look-ups; an empty \a path, as before the first call, makes every
-    /// name unknown. A relative one counts from the current folder of now.
-    static void setThemePath(const QString &path);
+    /// Sets the theme's folders, the first one first; with none, as before the first call, every name is
+    /// unknown. A relative path counts from the current folder of now. Qt finds what is in them as
+    /// "theme:<file>", in style sheets too.
+    static void setThemePaths(const QStringList &paths);
 
-    /// The absolute, clean path of the picture \a name, of its \a variant when that is not empty.
+    /// The picture \a name, of its \a variant when that is not empty: "theme:images/...", which stays good
+    /// when the theme changes.
     /// An unknown name gives an empty text, and a warning the first time that this name and variant are asked
-    /// for since the last setThemePath().
+    /// for since the last setThemePaths().
     static QString imageFileName(const QString &name, const QString &variant);
 
     /// The icon made from the picture \a name; a null icon when it is unknown.

@@ -62,11 +62,13 @@ private slots:
     void theFirstKnownEndingThatExistsIsTaken();
     void theVariantIsAFolderBelowTheImages();
     void aVariantDoesNotFallBackToThePlainPicture();
-    void pathsAreAbsoluteAndClean_data();
-    void pathsAreAbsoluteAndClean();
+    void aThemeFolderMayBeNamedInAnyWay_data();
+    void aThemeFolderMayBeNamedInAnyWay();
     void aThemeFolderMayHaveBlanksAndAnyLetters();
     void namesThatLeaveTheThemeAreUnknown_data();
     void namesThatLeaveTheThemeAreUnknown();
+    void theFirstFolderThatHoldsAPictureHasIt();
+    void aNameStaysGoodWhenTheThemeChanges();
     void withoutAThemeEveryNameIsUnknown();
     void anUnknownNameIsReportedOnce();
     void eachVariantOfAnUnknownNameIsReported();
@@ -78,6 +80,7 @@ private slots:
 
 private:
     QString imagePath(const QString &file) const { return m_theme + QStringLiteral("/images/") + file; }
+    static QString imageName(const QString &file) { return QStringLiteral("theme:images/") + file; }
 
     QTemporaryDir m_folder;
     QString m_theme;
@@ -102,7 +105,7 @@ void tst_Icon::initTestCase()
 
 void tst_Icon::init()
 {
-    Icon::setThemePath(m_theme);
+    Icon::setThemePaths({m_theme});
 }
 
 void tst_Icon::theFirstKnownEndingThatExistsIsTaken_data()
@@ -126,15 +129,17 @@ void tst_Icon::theFirstKnownEndingThatExistsIsTaken()
     QFETCH(QString, expectedFile);
     if (expectedFile.isEmpty())
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("No picture")));
-    const QString expectedPath = expectedFile.isEmpty() ? QString() : imagePath(expectedFile);
-    QCOMPARE(Icon::imageFileName(name, QString()), expectedPath);
+    const QString expectedName = expectedFile.isEmpty() ? QString() : imageName(expectedFile);
+    QCOMPARE(Icon::imageFileName(name, QString()), expectedName);
+    if (!expectedName.isEmpty())
+        QCOMPARE(QFileInfo(expectedName).absoluteFilePath(), imagePath(expectedFile));
 }
 
 void tst_Icon::theVariantIsAFolderBelowTheImages()
 {
     const QString large = QStringLiteral("large");
     QCOMPARE(Icon::imageFileName(QStringLiteral("pixels"), large),
-             imagePath(QStringLiteral("large/pixels.png")));
+             imageName(QStringLiteral("large/pixels.png")));
 }
 
 void tst_Icon::aVariantDoesNotFallBackToThePlainPicture()
@@ -144,7 +149,7 @@ void tst_Icon::aVariantDoesNotFallBackToThePlainPicture()
     QCOMPARE(Icon::imageFileName(QStringLiteral("both"), QStringLiteral("large")), QString());
 }
 
-void tst_Icon::pathsAreAbsoluteAndClean_data()
+void tst_Icon::aThemeFolderMayBeNamedInAnyWay_data()
 {
     QTest::addColumn<QString>("themePath");
     QTest::newRow("slash at the end") << m_theme + QLatin1Char('/');
@@ -153,22 +158,21 @@ void tst_Icon::pathsAreAbsoluteAndClean_data()
     QTest::newRow("relative") << QDir::current().relativeFilePath(m_theme);
 }
 
-void tst_Icon::pathsAreAbsoluteAndClean()
+void tst_Icon::aThemeFolderMayBeNamedInAnyWay()
 {
     QFETCH(QString, themePath);
-    Icon::setThemePath(themePath);
-    QCOMPARE(Icon::imageFileName(QStringLiteral("vector"), QString()),
-             imagePath(QStringLiteral("vector.svg")));
+    Icon::setThemePaths({themePath});
+    const QFileInfo picture(Icon::imageFileName(QStringLiteral("vector"), QString()));
+    QCOMPARE(picture.absoluteFilePath(), imagePath(QStringLiteral("vector.svg")));
 }
 
 void tst_Icon::aThemeFolderMayHaveBlanksAndAnyLetters()
 {
     const QString theme =
         m_folder.path() + QStringLiteral("/dark desk \u6df1\u8272 \u0442\u0451\u043c\u043d\u044b\u0439");
-    const QString path = theme + QStringLiteral("/images/key.png");
-    writeImage(path);
-    Icon::setThemePath(theme);
-    QCOMPARE(Icon::imageFileName(QStringLiteral("key"), QString()), path);
+    writeImage(theme + QStringLiteral("/images/key.png"));
+    Icon::setThemePaths({theme});
+    QCOMPARE(Icon::imageFileName(QStringLiteral("key"), QString()), imageName(QStringLiteral("key.png")));
     QVERIFY(!Icon::fromTheme(QStringLiteral("key")).pixmap(4, 4).isNull());
 }
 
@@ -199,6 +203,29 @@ void tst_Icon::namesThatLeaveTheThemeAreUnknown()
     QCOMPARE(Icon::imageFileName(name, variant), QString());
 }
 
+void tst_Icon::theFirstFolderThatHoldsAPictureHasIt()
+{
+    const QString above = m_folder.path() + QStringLiteral("/above");
+    writeImage(above + QStringLiteral("/images/vector.png"));
+    writeImage(above + QStringLiteral("/images/pixels.png"));
+    Icon::setThemePaths({above, m_theme});
+    const auto fileOf = [](const QString &name) {
+        return QFileInfo(Icon::imageFileName(name, QString())).absoluteFilePath();
+    };
+    QCOMPARE(fileOf(QStringLiteral("vector")), above + QStringLiteral("/images/vector.png"));
+    QCOMPARE(fileOf(QStringLiteral("pixels")), above + QStringLiteral("/images/pixels.png"));
+    QCOMPARE(fileOf(QStringLiteral("both")), imagePath(QStringLiteral("both.svg")));
+}
+
+void tst_Icon::aNameStaysGoodWhenTheThemeChanges()
+{
+    const QString name = Icon::imageFileName(QStringLiteral("pixels"), QString());
+    const QString other = m_folder.path() + QStringLiteral("/other");
+    writeImage(other + QStringLiteral("/images/pixels.png"));
+    Icon::setThemePaths({other});
+    QCOMPARE(QFileInfo(name).absoluteFilePath(), other + QStringLiteral("/images/pixels.png"));
+}
+
 void tst_Icon::withoutAThemeEveryNameIsUnknown()
 {
     // Neither the current folder nor the root folder may stand in for the missing theme.
@@ -209,7 +236,7 @@ void tst_Icon::withoutAThemeEveryNameIsUnknown()
     const QString previous = QDir::currentPath();
     QVERIFY(QDir::setCurrent(m_theme));
 
-    Icon::setThemePath(QString());
+    Icon::setThemePaths({});
     const WarningCounter warnings;
     const QString below = Icon::imageFileName(QStringLiteral("vector"), QString());
     const QString atRoot = Icon::imageFileName(name, folder);
@@ -243,7 +270,7 @@ void tst_Icon::aNewThemeReportsAgain()
 {
     const WarningCounter warnings;
     QVERIFY(Icon::imageFileName(QStringLiteral("nothing"), QString()).isEmpty());
-    Icon::setThemePath(m_theme);
+    Icon::setThemePaths({m_theme});
     QVERIFY(Icon::imageFileName(QStringLiteral("nothing"), QString()).isEmpty());
     QCOMPARE(warnings.count(), 2);
 }
@@ -261,7 +288,7 @@ void tst_Icon::aPictureThatAppearsLaterIsFound()
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("No picture \"late\"")));
     QCOMPARE(Icon::imageFileName(late, QString()), QString());
     writeImage(imagePath(QStringLiteral("late.png")));
-    QCOMPARE(Icon::imageFileName(late, QString()), imagePath(QStringLiteral("late.png")));
+    QCOMPARE(Icon::imageFileName(late, QString()), imageName(QStringLiteral("late.png")));
 }
 
 void tst_Icon::fromThemeGivesThePicture()

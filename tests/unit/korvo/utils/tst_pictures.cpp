@@ -5,13 +5,9 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
-#include <QFrame>
-#include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
-#include <QRegularExpression>
 #include <QTest>
 
 #include <cmath>
@@ -100,35 +96,9 @@ double worstContrast(const QString &name, const QColor &lettering, const QColor 
     return (luminance(lettering) + 0.05) / (brightest + 0.05);
 }
 
-/// Of every type: an unknown property is a debug message only.
-QStringList &loggedRemarks()
-{
-    static QStringList remarks;
-    return remarks;
-}
-
-void collectRemarks(QtMsgType, const QMessageLogContext &, const QString &message)
-{
-    // The platform plug-in's own remarks have nothing to do with the theme.
-    if (!message.contains(QLatin1String("propagateSizeHints")))
-        loggedRemarks() << message;
-}
-
-/// What Qt says when a label is shown under \a styleSheet.
-QStringList remarksOn(const QString &styleSheet)
-{
-    loggedRemarks().clear();
-    const QtMessageHandler previous = qInstallMessageHandler(collectRemarks);
-    qApp->setStyleSheet(styleSheet);
-    QLabel(QStringLiteral("INPUT")).grab();
-    qApp->setStyleSheet(QString());
-    qInstallMessageHandler(previous);
-    return loggedRemarks();
-}
-
 } // namespace
 
-class tst_Theme : public QObject
+class tst_Pictures : public QObject
 {
     Q_OBJECT
 
@@ -141,30 +111,16 @@ private slots:
     void lettersAreReadableAllOverTheFace_data();
     void lettersAreReadableAllOverTheFace();
     void anIdleKeyIsCalmerThanALitOneAndBrighterThanAnUnlitOne();
-    void theStyleSheetHasNoErrors();
-    void errorsInAStyleSheetAreSeen_data();
-    void errorsInAStyleSheetAreSeen();
-    void theStyleSheetRefersOnlyToPicturesThatExist();
-    void framesKeepTheirExactSizes();
-
-private:
-    QString m_styleSheet;
 };
 
-void tst_Theme::initTestCase()
+void tst_Pictures::initTestCase()
 {
     const QDir theme(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/korvo/themes/k7"));
     QVERIFY2(theme.exists(), qPrintable(theme.path()));
-    Icon::setThemePath(theme.path());
-    QDir::setSearchPaths(QStringLiteral("theme"), {theme.path()});
-
-    QFile file(theme.filePath(QStringLiteral("console.qss")));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    m_styleSheet = QString::fromUtf8(file.readAll());
-    QVERIFY(!m_styleSheet.isEmpty());
+    Icon::setThemePaths({theme.path()});
 }
 
-void tst_Theme::everyPictureLoadsAtItsNativeSize_data()
+void tst_Pictures::everyPictureLoadsAtItsNativeSize_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QSize>("expectedSize");
@@ -172,7 +128,7 @@ void tst_Theme::everyPictureLoadsAtItsNativeSize_data()
         QTest::newRow(entry.name) << QString::fromLatin1(entry.name) << entry.size;
 }
 
-void tst_Theme::everyPictureLoadsAtItsNativeSize()
+void tst_Pictures::everyPictureLoadsAtItsNativeSize()
 {
     QFETCH(QString, name);
     QFETCH(QSize, expectedSize);
@@ -189,7 +145,7 @@ void tst_Theme::everyPictureLoadsAtItsNativeSize()
     QCOMPARE(qAlpha(image.pixel(0, 0)), 0); // round corners, so that no square shows around a key
 }
 
-void tst_Theme::noTwoPicturesAreAlike()
+void tst_Pictures::noTwoPicturesAreAlike()
 {
     QList<QImage> seen;
     for (const Picture &entry : pictures) {
@@ -200,7 +156,7 @@ void tst_Theme::noTwoPicturesAreAlike()
     QCOMPARE(seen.size(), 26);
 }
 
-void tst_Theme::lettersAreReadableAllOverTheFace_data()
+void tst_Pictures::lettersAreReadableAllOverTheFace_data()
 {
     QTest::addColumn<QString>("name");
     for (const Picture &entry : pictures) {
@@ -209,14 +165,14 @@ void tst_Theme::lettersAreReadableAllOverTheFace_data()
     }
 }
 
-void tst_Theme::lettersAreReadableAllOverTheFace()
+void tst_Pictures::lettersAreReadableAllOverTheFace()
 {
     QFETCH(QString, name);
     const double contrast = worstContrast(name, QColor(0xf4, 0xf6, 0xf9), QColor(0x05, 0x06, 0x07));
     QVERIFY2(contrast >= 7, qPrintable(QString::number(contrast)));
 }
 
-void tst_Theme::anIdleKeyIsCalmerThanALitOneAndBrighterThanAnUnlitOne()
+void tst_Pictures::anIdleKeyIsCalmerThanALitOneAndBrighterThanAnUnlitOne()
 {
     const auto brightness = [](const char *name) {
         const QImage pixel =
@@ -230,63 +186,6 @@ void tst_Theme::anIdleKeyIsCalmerThanALitOneAndBrighterThanAnUnlitOne()
         QVERIFY2(idle + 10 < brightness(lit), lit);
 }
 
-void tst_Theme::theStyleSheetHasNoErrors()
-{
-    QCOMPARE(remarksOn(m_styleSheet), QStringList());
+QTEST_MAIN(tst_Pictures)
 
-    // Properties are looked at only where a rule applies: so each rule in turn applies to the label.
-    // But for the properties of other widgets, which it does not have.
-    const QString styleSheet =
-        QString(m_styleSheet).remove(QRegularExpression(QStringLiteral("qproperty-[a-zA-Z]+Color:[^;]*;")));
-    const QRegularExpression rule(QStringLiteral("\\{[^}]*\\}"));
-    QRegularExpressionMatchIterator rules = rule.globalMatch(styleSheet);
-    QVERIFY(rules.hasNext());
-    while (rules.hasNext())
-        QCOMPARE(remarksOn(QStringLiteral("QLabel ") + rules.next().captured()), QStringList());
-}
-
-void tst_Theme::errorsInAStyleSheetAreSeen_data()
-{
-    QTest::addColumn<QString>("styleSheet");
-    QTest::newRow("broken") << QStringLiteral("QLabel { color: red;");
-    QTest::newRow("unknown property") << QStringLiteral("QLabel { colour: red; }");
-    QTest::newRow("unknown colour") << QStringLiteral("QLabel { color: #ggg; }");
-}
-
-void tst_Theme::errorsInAStyleSheetAreSeen()
-{
-    QFETCH(QString, styleSheet);
-    QVERIFY(!remarksOn(styleSheet).isEmpty());
-}
-
-void tst_Theme::theStyleSheetRefersOnlyToPicturesThatExist()
-{
-    const QRegularExpression reference(QStringLiteral("url\\(\\s*\"?([^\")]*)\"?\\s*\\)"));
-    QRegularExpressionMatchIterator matches = reference.globalMatch(m_styleSheet);
-    QVERIFY(matches.hasNext());
-    while (matches.hasNext()) {
-        const QString path = matches.next().captured(1);
-        QVERIFY2(path.startsWith(QLatin1String("theme:images/")), qPrintable(path));
-        QVERIFY2(QFile::exists(path), qPrintable(path));
-        QVERIFY2(!QPixmap(path).isNull(), qPrintable(path));
-    }
-}
-
-void tst_Theme::framesKeepTheirExactSizes()
-{
-    qApp->setStyleSheet(m_styleSheet);
-    for (const char *marker : {"contentFrame", "isECButtonHolder"}) {
-        QFrame frame;
-        frame.setFrameShape(QFrame::StyledPanel);
-        frame.setFrameShadow(QFrame::Raised);
-        frame.setProperty(marker, true);
-        frame.resize(302, 144);
-        frame.ensurePolished();
-        QCOMPARE(frame.contentsRect(), QRect(0, 0, 302, 144));
-    }
-    qApp->setStyleSheet(QString());
-}
-
-QTEST_MAIN(tst_Theme)
-
-#include "tst_theme.moc"
+#include "tst_pictures.moc"
