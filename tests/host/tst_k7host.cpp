@@ -337,7 +337,7 @@ void tst_K7Host::aThemeThatCannotBeReadIsToldInOneLine_data()
     QTest::newRow("no style sheet in it") << text("empty");
     QTest::newRow("a folder for a style sheet") << text("folder");
     QTest::newRow("no pictures") << text("bare");
-    QTest::newRow("a quote in its name") << text("a\"quote");
+    QTest::newRow("no color of that name") << text("colorless");
 }
 
 void tst_K7Host::aThemeThatCannotBeReadIsToldInOneLine()
@@ -348,8 +348,8 @@ void tst_K7Host::aThemeThatCannotBeReadIsToldInOneLine()
     QVERIFY(QDir(m_dir->path()).mkpath(text("folder/console.qss")));
     QVERIFY(QDir(m_dir->path()).mkpath(text("bare")));
     addFile(path("bare/console.qss"));
-    QVERIFY(QDir(m_dir->path()).mkpath(text("a\"quote/images")));
-    addFile(path("a\"quote/console.qss"));
+    QVERIFY(QDir(m_dir->path()).mkpath(text("colorless/images")));
+    addFile(path("colorless/console.qss"), "QLabel { color: @ink; }");
 
     const QString dir = m_dir->filePath(theme);
     const Result result = run(consoleRun({text("--theme"), dir}));

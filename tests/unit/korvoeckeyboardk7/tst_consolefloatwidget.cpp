@@ -6,6 +6,8 @@
 #include "panelsupport.h"
 #include "support.h"
 
+#include <theme.h>
+
 #include <korvo/widgets/slidereditframe.h>
 #include <korvo/widgets/waitingdialog.h>
 #include <ovo/widgets/iplineedit.h>
@@ -431,9 +433,9 @@ void tst_ConsoleFloatWidget::sectionsStandInOrder()
         above = place.center().y();
     }
     // In the console's own look nothing is out of sight to the side.
-    QFile theme(QStringLiteral(K7_THEME "/console.qss"));
-    QVERIFY(theme.open(QIODevice::ReadOnly));
-    m_panel->setStyleSheet(QString::fromUtf8(theme.readAll()));
+    K7Host::Theme theme;
+    QVERIFY(!K7Host::readTheme(QStringLiteral(K7_THEME), &theme));
+    m_panel->setStyleSheet(theme.styleSheet);
     QTRY_COMPARE(area()->horizontalScrollBar()->maximum(), 0);
     QVERIFY(content->width() <= area()->viewport()->width());
 }

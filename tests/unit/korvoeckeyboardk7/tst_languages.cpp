@@ -4,6 +4,8 @@
 #include "consoleparts.h"
 #include "languages.h"
 
+#include <applytheme.h>
+
 #include <korvo/ec/k7dropbutton.h>
 #include <korvo/ec/textticker.h>
 #include <korvo/keyboard/ikorvoeckeyboard.h>
@@ -197,12 +199,8 @@ void tst_Languages::initTestCase()
     m_english = readTranslation(QStringLiteral("en")).words;
     QVERIFY(!m_english.isEmpty());
 
-    QFile theme(QStringLiteral(K7_THEME "/console.qss"));
-    QVERIFY(theme.open(QIODevice::ReadOnly));
-    QDir::setSearchPaths(QStringLiteral("theme"), {QStringLiteral(K7_THEME)});
-    QApplication::setStyle(QStringLiteral("Fusion"));
     QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), QApplication::font().pointSize()));
-    qApp->setStyleSheet(QString::fromUtf8(theme.readAll()));
+    QVERIFY(!K7Host::applyTheme(QStringLiteral(K7_THEME)));
 }
 
 void tst_Languages::init()
