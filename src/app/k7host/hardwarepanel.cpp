@@ -155,6 +155,7 @@ void HardwarePanel::showDviSignals()
         box->setChecked(hasSignal);
         box->setText(QStringLiteral("%1: %2").arg(input).arg(hasSignal ? QStringLiteral("signal")
                                                                        : QStringLiteral("no signal")));
+        box->setAccessibleName(QStringLiteral("DVI %1").arg(box->text()));
     };
     show(0, m_ui->dvi0Box);
     show(1, m_ui->dvi1Box);

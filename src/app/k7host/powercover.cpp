@@ -15,6 +15,7 @@ PowerCover::PowerCover(QWidget *parent)
     , m_ui(std::make_unique<Ui::PowerCover>())
 {
     m_ui->setupUi(this);
+    setPower(Power::Off);
     connect(m_ui->powerOnButton, &QPushButton::clicked, this, &PowerCover::switchOnRequested);
 }
 
@@ -25,6 +26,7 @@ void PowerCover::setPower(Power power)
     const bool isOff = power == Power::Off;
     m_ui->reasonLabel->setText(isOff ? QStringLiteral("The console is off")
                                      : QStringLiteral("Restarting \u2026"));
+    setAccessibleName(m_ui->reasonLabel->text());
     m_ui->powerOnButton->setVisible(isOff);
     setFocusProxy(isOff ? m_ui->powerOnButton : nullptr);
 }

@@ -3,6 +3,7 @@
 
 #include "scaledview.h"
 
+#include "scaledviewaccessible.h"
 #include "touchproxy.h"
 
 #include <QCoreApplication>
@@ -16,6 +17,7 @@ ScaledView::ScaledView(QWidget *window, qreal factor)
     , m_factor(factor)
     , m_proxy(new TouchProxy(window))
 {
+    ScaledViewAccessible::install();
     scene()->setParent(this);
     scene()->addItem(m_proxy);
     viewport()->setAttribute(Qt::WA_AcceptTouchEvents);
@@ -40,6 +42,11 @@ ScaledView::~ScaledView()
 {
     // It would delete the window.
     m_proxy->setWidget(nullptr);
+}
+
+QWidget *ScaledView::shownWindow() const
+{
+    return m_proxy->widget();
 }
 
 // The scene keeps the ends of touches and of activity to itself, but keys that are held must come up.

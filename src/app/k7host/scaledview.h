@@ -20,6 +20,9 @@ public:
     ScaledView(QWidget *window, qreal factor);
     ~ScaledView() override;
 
+    /// Null while the view is being destroyed.
+    QWidget *shownWindow() const;
+
 protected:
     bool event(QEvent *event) override;
     bool viewportEvent(QEvent *event) override;

@@ -3,6 +3,8 @@
 
 #include "consolefloatwidget.h"
 
+#include "choicekeys.h"
+#include "focusinsight.h"
 #include "internetthread.h"
 #include "logging.h"
 #include "markers.h"
@@ -116,12 +118,16 @@ void ConsoleFloatWidget::initWidget()
     m_pTimeTypeGroup = new QButtonGroup(this);
     m_pTimeTypeGroup->addButton(ui->pushButton_24, 0);
     m_pTimeTypeGroup->addButton(ui->pushButton_12, 1);
+    for (QAbstractButton *button :
+         {ui->pushButton_hundred, ui->pushButton_gigabit, ui->pushButton_24, ui->pushButton_12})
+        new ChoiceKeys(button);
 
     ui->screenNumberCombox->installEventFilter(this);
     ui->screenNumberCombox->setView(new QListView(ui->screenNumberCombox));
     ui->spinBox_width->setRange(800, 8192);
     ui->spinBox_height->setRange(600, 8192);
     initPeripheralData();
+    new FocusInSight(ui->scrollArea);
 
     ui->toolButton->setDateTime(QDate::currentDate());
     initCurrentTime();
@@ -215,6 +221,7 @@ void ConsoleFloatWidget::retranslateUi()
 {
     ui->retranslateUi(this);
     m_pShutdownButton->setText(tr("ShutDown"));
+    nameControls();
 }
 
 QVariant ConsoleFloatWidget::stored(const QString &key, const QVariant &fallback) const

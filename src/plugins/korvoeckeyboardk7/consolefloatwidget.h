@@ -187,6 +187,8 @@ private:
     void createConnects();
     void hideUnusedSettings();
     void setMarkers();
+    void nameControls();
+    void nameScreenButton(int id);
 
     QVariant stored(const QString &key, const QVariant &fallback) const;
     void store(const QString &key, const QVariant &value);

@@ -3,6 +3,7 @@
 
 #include "consolefloatwidget.h"
 
+#include "choicekeys.h"
 #include "logging.h"
 #include "markers.h"
 #include "ui_consolefloatwidget.h"
@@ -89,8 +90,10 @@ void ConsoleFloatWidget::addScreenButton()
     button->setProperty(ScreenFrame, ScreenButtonSize);
     button->setFixedSize(64, 36);
     m_pScreenButtonGroup->addButton(button, id);
+    nameScreenButton(id);
+    new ChoiceKeys(button);
     layout->insertWidget(layout->count() - 1, button);
-    QWidget *before = ui->screenScrollArea;
+    QWidget *before = ui->screenNumberCombox; // which takes the focus: Qt passes over others
     if (id > 0)
         before = m_pScreenButtonGroup->button(id - 1);
     setTabOrder(before, button);

@@ -47,6 +47,7 @@ void FloatWidgetWidthButton::createWidgets()
     m_pFloatWidget->lower();
     m_pFloatbutton->move(width() - m_pFloatWidget->width() - OpenGap, ButtonY);
     m_pFloatbutton->raise();
+    nameButton();
 }
 
 void FloatWidgetWidthButton::createConnects()
@@ -84,6 +85,7 @@ void FloatWidgetWidthButton::initParm()
 void FloatWidgetWidthButton::retranslateUi()
 {
     m_pFloatWidget->retranslateUi();
+    nameButton();
 }
 
 void FloatWidgetWidthButton::enterWindow()
@@ -121,6 +123,12 @@ void FloatWidgetWidthButton::setPanelVisible(bool visible)
     m_pFloatbutton->move(x, ButtonY);
     m_pFloatWidget->setVisible(visible);
     setMarker(m_pFloatbutton, "floatButton_hide", visible);
+    nameButton();
+}
+
+void FloatWidgetWidthButton::nameButton()
+{
+    m_pFloatbutton->setAccessibleName(m_pFloatWidget->isHidden() ? tr("Show settings") : tr("Hide settings"));
 }
 
 void FloatWidgetWidthButton::changeEvent(QEvent *event)

@@ -68,6 +68,7 @@ private:
     void createWidgets();
     void createConnects();
     void setPanelVisible(bool visible);
+    void nameButton();
 
     ConsoleFloatWidget *m_pFloatWidget = nullptr;
     QToolButton *m_pFloatbutton = nullptr;

@@ -67,6 +67,12 @@ void letGoOfKeys(QWidget *keyboard)
     keyboard->hide();
 }
 
+void disableExtension(QWidget *button, const QString &name)
+{
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setAccessibleName(name);
+}
+
 void appendKeys(KeyList *keys, const QButtonGroup *group)
 {
     const QList<QAbstractButton *> buttons = group->buttons();

@@ -69,6 +69,7 @@ public:
     void initWidget();
     void createConnects();
     void createModeGroup();
+    void nameControls();
     void updateDVISignalStatus(const DVIInSignal &signal);
 
     LogoKeyboardFrame *m_pLogoKeyboardFrame; // owns this
@@ -178,6 +179,14 @@ void LogoKeyboardFramePrivate::createModeGroup()
     m_pModeButtonGroup->addButton(ui->toolButton_2, 1);
 }
 
+// Their texts are all the same.
+void LogoKeyboardFramePrivate::nameControls()
+{
+    for (QWidget *button : {ui->toolButton, ui->toolButton_3})
+        button->setAccessibleName(LogoKeyboardFrame::tr("ETH2 settings"));
+    ui->toolButton_2->setAccessibleName(LogoKeyboardFrame::tr("ETH1 settings"));
+}
+
 // The third button has its number under another name, "neyType", and so opens the first port: on purpose.
 void LogoKeyboardFramePrivate::slotSettingNet(const QAbstractButton *button)
 {
@@ -216,6 +225,7 @@ LogoKeyboardFrame::LogoKeyboardFrame(QWidget *parent)
 {
     d->createWidgets();
     d->initWidget();
+    d->nameControls();
     d->createConnects();
     d->m_pFloatWidget->initParm();
     d->createModeGroup();
@@ -254,6 +264,7 @@ void LogoKeyboardFrame::enterWindow()
 void LogoKeyboardFrame::retranslateUi()
 {
     d->ui->retranslateUi(this);
+    d->nameControls();
 }
 
 void LogoKeyboardFrame::changeEvent(QEvent *event)

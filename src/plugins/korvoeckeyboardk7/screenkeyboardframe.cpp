@@ -18,6 +18,7 @@ public:
     using KeySection::KeySection;
 
     void createWidgets();
+    void nameKeys();
     void createConnects();
     PageKeys pageKeys() const { return {ui->pageUpToolButton, ui->pageDownToolButton}; }
 
@@ -54,6 +55,19 @@ void ScreenKeyboardFramePrivate::createWidgets()
     m_pECButtons << ui->pageUpToolButton << ui->pageDownToolButton << ui->freezePGMToolButton
                  << ui->matchPGMToolButton << ui->ftbToolButton << ui->reserved_1_ToolButton;
     appendLabels(&m_pECTexts, ui->frameSelectMode);
+    nameKeys();
+    disableExtension(ui->screenExtendToolButton, QStringLiteral("SCREEN EXTENSION"));
+}
+
+// This form gives no key the console's name, as the others do; the commands have their texts.
+void ScreenKeyboardFramePrivate::nameKeys()
+{
+    const QList<QAbstractButton *> screens = ui->screenButtonGroup->buttons();
+    for (QAbstractButton *key : screens)
+        key->setAccessibleName(QStringLiteral("SCREEN %1").arg(keyId(key) + 1, 2, 10, QLatin1Char('0')));
+    ui->pageUpToolButton->setAccessibleName(QStringLiteral("SCREEN UP"));
+    ui->pageDownToolButton->setAccessibleName(QStringLiteral("SCREEN DW"));
+    ui->reserved_1_ToolButton->setAccessibleName(QStringLiteral("SCREEN RESERVE01"));
 }
 
 void ScreenKeyboardFramePrivate::createConnects()

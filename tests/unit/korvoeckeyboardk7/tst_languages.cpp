@@ -56,7 +56,9 @@ void appendTraits(Traits *traits, const QObject *object)
     const QMetaObject *type = object->metaObject();
     for (int i = 0; i < type->propertyCount(); ++i) {
         const QMetaProperty property = type->property(i);
-        if (property.type() == QVariant::String)
+        // Names are made of the captions beside, in the language of those.
+        const bool isOfCaptions = qstrcmp(property.name(), "accessibleName") == 0;
+        if (property.type() == QVariant::String && !isOfCaptions)
             traits->append({object, property.name(), false, property.read(object)});
     }
     const QList<QByteArray> names = object->dynamicPropertyNames();

@@ -3,6 +3,8 @@
 
 #include "k7dropbutton.h"
 
+#include "k7dropbuttonaccessible.h"
+#include "keynavigation.h"
 #include "windowtouches.h"
 
 #include <QApplication>
@@ -12,6 +14,8 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QTouchEvent>
+
+#include <optional>
 
 namespace Korvo::EC {
 
@@ -23,6 +27,23 @@ constexpr int mouseAfterTouchMs = 500;
 bool isPressKey(const QKeyEvent *event)
 {
     return event->key() == Qt::Key_Space || event->key() == Qt::Key_Select;
+}
+
+/// Where an arrow key goes, if it is one.
+std::optional<Direction> directionOf(const QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return Direction::Left;
+    case Qt::Key_Right:
+        return Direction::Right;
+    case Qt::Key_Up:
+        return Direction::Up;
+    case Qt::Key_Down:
+        return Direction::Down;
+    default:
+        return std::nullopt;
+    }
 }
 
 } // namespace
@@ -57,6 +78,7 @@ public:
     void comeUp(bool click);
     void letGo();
     void leave();
+    void announceLight();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -77,6 +99,7 @@ private:
     OnTheWay m_onTheWay = OnTheWay::Nothing; // what the key's receivers are being told, and its group is next
     Ending m_ending = Ending::None;          // how the key came up meanwhile
     QElapsedTimer m_sinceTouch;
+    QString m_announcedLight;
 };
 
 K7DropButton::Private::Private(K7DropButton *key)
@@ -245,6 +268,19 @@ void K7DropButton::Private::leave()
         comeUp(false);
 }
 
+/// After each change of the style sheet, so nothing is done unless somebody listens.
+void K7DropButton::Private::announceLight()
+{
+    if (!QAccessible::isActive())
+        return;
+    const QString light = lightOf(m_key);
+    if (light == m_announcedLight)
+        return;
+    m_announcedLight = light;
+    QAccessibleEvent event(m_key, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
 bool K7DropButton::Private::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_key || !watched->isWidgetType())
@@ -270,6 +306,7 @@ K7DropButton::K7DropButton(QWidget *parent)
     : QToolButton(parent)
     , m_d(std::make_unique<Private>(this))
 {
+    K7DropButtonAccessible::install();
     setAttribute(Qt::WA_AcceptTouchEvents);
 }
 
@@ -299,6 +336,9 @@ bool K7DropButton::event(QEvent *event)
         break;
     case QEvent::Show:
         WindowTouches::routeTo(this);
+        break;
+    case QEvent::StyleChange:
+        m_d->announceLight();
         break;
     case QEvent::TouchCancel:
     case QEvent::Hide:
@@ -345,6 +385,8 @@ void K7DropButton::keyPressEvent(QKeyEvent *event)
         if (!event->isAutoRepeat() && isVisible())
             m_d->press({Private::By::Keyboard, event->key()},
                        [this, event] { QToolButton::keyPressEvent(event); });
+    } else if (const auto direction = directionOf(event)) {
+        moveFocus(this, *direction);
     } else if (!event->matches(QKeySequence::Cancel)) {
         QToolButton::keyPressEvent(event);
     } else if (m_d->isHeld()) {

@@ -20,6 +20,9 @@ namespace Korvo::EC {
 /// Several fingers may hold several keys. A finger that slid off does not press again by sliding back.
 /// A key that is lifted ends in released() and clicked(), on any other way out in released() alone.
 ///
+/// Arrow keys move the focus to the nearest key of the window in their direction, see moveFocus(). To
+/// assistive technology a key is a button that tells its light, after the picture in its own style sheet.
+///
 /// A receiver of pressed() or released() may hide, disable or deleteLater() the key. It may delete it at
 /// once when a finger, the mouse or the keyboard was the cause, but not while the key is being hidden or
 /// disabled, nor in toggled(): Qt goes on using it there. A receiver of pressed() that runs an event loop

@@ -213,6 +213,7 @@ void DateWidgetPrivate::show(const QDate &shown)
 {
     date = shown;
     q->setText(QLocale::c().toString(date, QStringLiteral("dd/MM/yyyy")));
+    q->setAccessibleDescription(q->text());
     if (popup)
         popup->calendar()->setSelectedDate(date);
 }

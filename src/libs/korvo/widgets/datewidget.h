@@ -18,6 +18,7 @@ class DateWidgetPrivate;
 /// A click, Space, Return or Down opens the calendar below the button, or above it where there is more room.
 /// A click on a day or Return picks it; Escape, a second click on the button or a press elsewhere closes the
 /// calendar and keeps the date. The calendar speaks the default QLocale's language, the text does not.
+/// To assistive technology the date is the description, so that the button can have a name of its own.
 class KORVO_WIDGETS_EXPORT DateWidget : public QToolButton
 {
     Q_OBJECT

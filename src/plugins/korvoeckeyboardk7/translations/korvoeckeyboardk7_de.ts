@@ -183,6 +183,17 @@ SPERRE</translation>
     </message>
 </context>
 <context>
+    <name>Korvo::ECKeyboard::K7::LogoKeyboardFrame</name>
+    <message>
+        <source>ETH2 settings</source>
+        <translation>Einstellungen von ETH2</translation>
+    </message>
+    <message>
+        <source>ETH1 settings</source>
+        <translation>Einstellungen von ETH1</translation>
+    </message>
+</context>
+<context>
     <name>Korvo::Internal::ConsoleFloatWidget</name>
     <message>
         <source>ShutDown</source>
@@ -251,6 +262,21 @@ SPERRE</translation>
     <message>
         <source>The time setting was successful.</source>
         <translation>Die Uhrzeit wurde eingestellt.</translation>
+    </message>
+    <message>
+        <source>Screen %1</source>
+        <translation>Bildschirm %1</translation>
+    </message>
+</context>
+<context>
+    <name>Korvo::Internal::FloatWidgetWidthButton</name>
+    <message>
+        <source>Show settings</source>
+        <translation>Einstellungen zeigen</translation>
+    </message>
+    <message>
+        <source>Hide settings</source>
+        <translation>Einstellungen verbergen</translation>
     </message>
 </context>
 <context>

@@ -183,6 +183,17 @@ PANEL</translation>
     </message>
 </context>
 <context>
+    <name>Korvo::ECKeyboard::K7::LogoKeyboardFrame</name>
+    <message>
+        <source>ETH2 settings</source>
+        <translation>ETH2 settings</translation>
+    </message>
+    <message>
+        <source>ETH1 settings</source>
+        <translation>ETH1 settings</translation>
+    </message>
+</context>
+<context>
     <name>Korvo::Internal::ConsoleFloatWidget</name>
     <message>
         <source>ShutDown</source>
@@ -251,6 +262,21 @@ PANEL</translation>
     <message>
         <source>The time setting was successful.</source>
         <translation>The time setting was successful.</translation>
+    </message>
+    <message>
+        <source>Screen %1</source>
+        <translation>Screen %1</translation>
+    </message>
+</context>
+<context>
+    <name>Korvo::Internal::FloatWidgetWidthButton</name>
+    <message>
+        <source>Show settings</source>
+        <translation>Show settings</translation>
+    </message>
+    <message>
+        <source>Hide settings</source>
+        <translation>Hide settings</translation>
     </message>
 </context>
 <context>

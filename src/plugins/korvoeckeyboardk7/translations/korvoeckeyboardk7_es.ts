@@ -184,6 +184,17 @@ PANEL</translation>
     </message>
 </context>
 <context>
+    <name>Korvo::ECKeyboard::K7::LogoKeyboardFrame</name>
+    <message>
+        <source>ETH2 settings</source>
+        <translation>Ajustes de ETH2</translation>
+    </message>
+    <message>
+        <source>ETH1 settings</source>
+        <translation>Ajustes de ETH1</translation>
+    </message>
+</context>
+<context>
     <name>Korvo::Internal::ConsoleFloatWidget</name>
     <message>
         <source>ShutDown</source>
@@ -252,6 +263,21 @@ PANEL</translation>
     <message>
         <source>The time setting was successful.</source>
         <translation>Se ha ajustado la hora.</translation>
+    </message>
+    <message>
+        <source>Screen %1</source>
+        <translation>Pantalla %1</translation>
+    </message>
+</context>
+<context>
+    <name>Korvo::Internal::FloatWidgetWidthButton</name>
+    <message>
+        <source>Show settings</source>
+        <translation>Mostrar los ajustes</translation>
+    </message>
+    <message>
+        <source>Hide settings</source>
+        <translation>Ocultar los ajustes</translation>
     </message>
 </context>
 <context>

@@ -184,6 +184,17 @@ PUPITRE</translation>
     </message>
 </context>
 <context>
+    <name>Korvo::ECKeyboard::K7::LogoKeyboardFrame</name>
+    <message>
+        <source>ETH2 settings</source>
+        <translation>Réglages de ETH2</translation>
+    </message>
+    <message>
+        <source>ETH1 settings</source>
+        <translation>Réglages de ETH1</translation>
+    </message>
+</context>
+<context>
     <name>Korvo::Internal::ConsoleFloatWidget</name>
     <message>
         <source>ShutDown</source>
@@ -252,6 +263,21 @@ PUPITRE</translation>
     <message>
         <source>The time setting was successful.</source>
         <translation>L’heure a été réglée.</translation>
+    </message>
+    <message>
+        <source>Screen %1</source>
+        <translation>Écran %1</translation>
+    </message>
+</context>
+<context>
+    <name>Korvo::Internal::FloatWidgetWidthButton</name>
+    <message>
+        <source>Show settings</source>
+        <translation>Afficher les réglages</translation>
+    </message>
+    <message>
+        <source>Hide settings</source>
+        <translation>Masquer les réglages</translation>
     </message>
 </context>
 <context>

@@ -182,6 +182,17 @@ PANEL</source>
     </message>
 </context>
 <context>
+    <name>Korvo::ECKeyboard::K7::LogoKeyboardFrame</name>
+    <message>
+        <source>ETH2 settings</source>
+        <translation>ETH2の設定</translation>
+    </message>
+    <message>
+        <source>ETH1 settings</source>
+        <translation>ETH1の設定</translation>
+    </message>
+</context>
+<context>
     <name>Korvo::Internal::ConsoleFloatWidget</name>
     <message>
         <source>ShutDown</source>
@@ -250,6 +261,21 @@ PANEL</source>
     <message>
         <source>The time setting was successful.</source>
         <translation>時刻を設定しました。</translation>
+    </message>
+    <message>
+        <source>Screen %1</source>
+        <translation>画面 %1</translation>
+    </message>
+</context>
+<context>
+    <name>Korvo::Internal::FloatWidgetWidthButton</name>
+    <message>
+        <source>Show settings</source>
+        <translation>設定を表示</translation>
+    </message>
+    <message>
+        <source>Hide settings</source>
+        <translation>設定を隠す</translation>
     </message>
 </context>
 <context>

@@ -182,6 +182,17 @@ PANEL</source>
     </message>
 </context>
 <context>
+    <name>Korvo::ECKeyboard::K7::LogoKeyboardFrame</name>
+    <message>
+        <source>ETH2 settings</source>
+        <translation>ETH2 设置</translation>
+    </message>
+    <message>
+        <source>ETH1 settings</source>
+        <translation>ETH1 设置</translation>
+    </message>
+</context>
+<context>
     <name>Korvo::Internal::ConsoleFloatWidget</name>
     <message>
         <source>ShutDown</source>
@@ -250,6 +261,21 @@ PANEL</source>
     <message>
         <source>The time setting was successful.</source>
         <translation>时间设置成功。</translation>
+    </message>
+    <message>
+        <source>Screen %1</source>
+        <translation>屏幕 %1</translation>
+    </message>
+</context>
+<context>
+    <name>Korvo::Internal::FloatWidgetWidthButton</name>
+    <message>
+        <source>Show settings</source>
+        <translation>显示设置</translation>
+    </message>
+    <message>
+        <source>Hide settings</source>
+        <translation>隐藏设置</translation>
     </message>
 </context>
 <context>
