@@ -79,6 +79,7 @@ void ConsoleFloatWidget::addScreenButton()
     if (!layout) {
         layout = new QHBoxLayout(ui->screenButtonFrame);
         layout->setSpacing(0);
+        layout->setContentsMargins(0, 0, 0, 0); // in line with the rows above and below
         layout->addStretch();
     }
 

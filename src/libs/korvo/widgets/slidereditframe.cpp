@@ -23,7 +23,7 @@ namespace {
 class Slider;
 class Editor;
 
-const int fingerSize = 32; // pixels
+const int fingerSize = 36; // pixels
 const int shortestSlider = 96;
 const int defaultGap = 8;
 const int buttonGap = 4;

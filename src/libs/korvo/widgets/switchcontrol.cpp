@@ -357,7 +357,7 @@ void SwitchControl::setKnobColor(const QColor &color)
 
 QSize SwitchControl::sizeHint() const
 {
-    return QSize(58, 30);
+    return QSize(66, 36);
 }
 
 QSize SwitchControl::minimumSizeHint() const

@@ -207,7 +207,7 @@ void tst_slidereditframe::aNewFrameHasAllPartsButALabel()
     QVERIFY(desk.frame.labelText().isEmpty());
     QCOMPARE(desk.frame.layout()->contentsMargins(), QMargins());
     for (const QWidget *part : {desk.minus, desk.plus})
-        QVERIFY(part->width() >= 32 && part->height() >= 32);
+        QVERIFY(part->width() >= 36 && part->height() >= 36);
 }
 
 void tst_slidereditframe::settingAValueIsToldOnce_data()

@@ -208,7 +208,7 @@ void tst_switchcontrol::aNewSwitchIsOff()
     SwitchControl control;
     QVERIFY(!control.isToggled());
     QCOMPARE(control.focusPolicy(), Qt::StrongFocus);
-    QVERIFY(control.sizeHint().width() >= 50 && control.sizeHint().height() >= 28);
+    QVERIFY(control.sizeHint().width() >= 50 && control.sizeHint().height() >= 36);
     QCOMPARE(control.minimumSizeHint(), control.sizeHint());
 }
 
