@@ -32,12 +32,16 @@ private slots:
 
     void theScreenshotHasTheConsolesSize_data();
     void theScreenshotHasTheConsolesSize();
+    void aKiosksScreenshotIsTheSame();
     void theScreenshotFolderIsMade();
+    void theStoredScaleChangesNoScreenshot();
     void aScreenshotThatCannotBeWrittenIsToldInOneLine_data();
     void aScreenshotThatCannotBeWrittenIsToldInOneLine();
 
     void aThemeThatCannotBeReadIsToldInOneLine_data();
     void aThemeThatCannotBeReadIsToldInOneLine();
+    void aStoredThemeIsUsedUnlessItCannotBe_data();
+    void aStoredThemeIsUsedUnlessItCannotBe();
     void everyFaultOfThePluginsIsToldInItsLine_data();
     void everyFaultOfThePluginsIsToldInItsLine();
     void pluginsAreListed_data();
@@ -49,6 +53,7 @@ private slots:
     void withoutADisplayThereIsNothingToShow();
     void anUnusablePlatformIsToldInOneLine();
 
+    void aScenarioIsPlayedAndTraced_data();
     void aScenarioIsPlayedAndTraced();
     void scenarioAndTraceMayBeStandardInputAndOutput();
     void aWrongScenarioIsToldInOneLineBeforeItIsPlayed_data();
@@ -225,6 +230,8 @@ void tst_K7Host::aNormalRunPrintsNothing_data()
     QTest::newRow("small") << consoleRun({text("--scale"), text("0.25")});
     QTest::newRow("large") << consoleRun({text("--scale"), text("2")});
     QTest::newRow("other language") << consoleRun({text("--lang"), text("de")});
+    QTest::newRow("kiosk") << consoleRun({text("--kiosk")});
+    QTest::newRow("kiosk of another size") << consoleRun({text("--kiosk"), text("--scale"), text("2")});
 }
 
 void tst_K7Host::aNormalRunPrintsNothing()
@@ -297,6 +304,28 @@ void tst_K7Host::theScreenshotHasTheConsolesSize()
     QTEST(screenshotSize(), "expectedSize");
 }
 
+void tst_K7Host::aKiosksScreenshotIsTheSame()
+{
+    for (const QStringList &more : {QStringList(), QStringList{text("--kiosk")}}) {
+        const char *dir = more.isEmpty() ? "window" : "kiosk";
+        const Result result = run(consoleRun(more + QStringList{text("--screenshot"), path(dir)}));
+        QCOMPARE(result.err, QString());
+        QCOMPARE(result.exitCode, 0);
+    }
+    const QImage picture(path("kiosk/console.png"));
+    QCOMPARE(picture.size(), QSize(3489, 1050));
+    QCOMPARE(picture, QImage(path("window/console.png")));
+}
+
+void tst_K7Host::theStoredScaleChangesNoScreenshot()
+{
+    QVERIFY(QDir(m_dir->path()).mkpath(text("config/LUMETRA")));
+    addFile(path("config/LUMETRA/k7host.ini"), "[%General]\nScale=0.5\n");
+    const Result result = run(consoleRun({text("--screenshot"), m_dir->path()}));
+    QCOMPARE(result.err, QString());
+    QCOMPARE(screenshotSize(), QSize(3489, 1050));
+}
+
 void tst_K7Host::theScreenshotFolderIsMade()
 {
     const Result result = run(consoleRun({text("--screenshot"), path("new/folder")}));
@@ -357,6 +386,32 @@ void tst_K7Host::aThemeThatCannotBeReadIsToldInOneLine()
     QCOMPARE(linesOf(result.err).size(), 1);
     QVERIFY2(result.err.startsWith(text("k7host: ")) && result.err.contains(dir), qPrintable(result.err));
     QCOMPARE(result.exitCode, 2);
+}
+
+void tst_K7Host::aStoredThemeIsUsedUnlessItCannotBe_data()
+{
+    QTest::addColumn<QString>("theme");
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("expectedComplaints");
+    QTest::newRow("the standard one") << text("k7") << QStringList() << 0;
+    QTest::newRow("one that is not there any more") << text("gone") << QStringList() << 0;
+    QTest::newRow("one that cannot be read") << text("broken") << QStringList() << 1;
+    QTest::newRow("none of this run's") << text("broken") << QStringList{text("--theme"), text(THEME)} << 0;
+}
+
+void tst_K7Host::aStoredThemeIsUsedUnlessItCannotBe()
+{
+    QFETCH(QString, theme);
+    QFETCH(QStringList, arguments);
+    QFETCH(int, expectedComplaints);
+    QVERIFY(QDir(m_dir->path()).mkpath(text("broken")));
+    QVERIFY(QDir(m_dir->path()).mkpath(text("config/LUMETRA")));
+    const QString stored = theme == text("broken") ? path("broken") : theme;
+    addFile(path("config/LUMETRA/k7host.ini"), "[%General]\nTheme=" + stored.toUtf8() + "\n");
+    const Result result = run(consoleRun(arguments));
+    QCOMPARE(linesOf(result.err).size(), expectedComplaints);
+    QVERIFY(expectedComplaints == 0 || result.err.contains(theme));
+    QCOMPARE(result.exitCode, 0);
 }
 
 void tst_K7Host::everyFaultOfThePluginsIsToldInItsLine_data()
@@ -476,12 +531,22 @@ void tst_K7Host::anUnusablePlatformIsToldInOneLine()
     QCOMPARE(result.exitCode, 2);
 }
 
+void tst_K7Host::aScenarioIsPlayedAndTraced_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("in the window") << QStringList();
+    QTest::newRow("in a kiosk") << QStringList{text("--kiosk")};
+    QTest::newRow("with the inspector") << QStringList{text("--inspect")};
+}
+
 void tst_K7Host::aScenarioIsPlayedAndTraced()
 {
+    QFETCH(QStringList, arguments);
     addFile(path("a.jsonl"), "# one call\n{\"op\":\"updateKeyboard\",\"half\":\"left\"}\n"
                              "{\"op\":\"screenshot\",\"file\":\"picture.png\"}\n");
-    const Result result = run(consoleRun({text("--scenario"), path("a.jsonl"), text("--trace"),
-                                          path("a.trace"), text("--screenshot"), m_dir->path()}));
+    const Result result =
+        run(consoleRun(arguments + QStringList{text("--scenario"), path("a.jsonl"), text("--trace"),
+                                               path("a.trace"), text("--screenshot"), m_dir->path()}));
     QCOMPARE(result.err, QString());
     QCOMPARE(result.out, QString());
     QCOMPARE(result.exitCode, 0);

@@ -54,9 +54,10 @@ namespace {
 constexpr int TimeLimit = 7000; // ms for whatever is waited for
 
 // The console fits itself to this screen at half its size, so that the mouse goes through the scale.
-const char ScreenSize[] = "1761x573";
+const char ScreenSize[] = "1761x640";
+constexpr int MenuBarHeight = 31;
 // The third row of the left half on that screen. Other rows may be lit in the same colours.
-constexpr QRect InputSection(0, 180, 877, 88);
+constexpr QRect InputSection(0, 180 + MenuBarHeight, 877, 88);
 
 int hueDistance(const QColor &a, const QColor &b)
 {

@@ -7,6 +7,8 @@
 
 #include <QMetaMethod>
 
+#include <algorithm>
+
 using Korvo::IKorvoECKeyboard;
 using Korvo::IKorvoECKeyboardPlugin;
 
@@ -45,6 +47,7 @@ ConsoleSession::ConsoleSession(IKorvoECKeyboardPlugin *plugin, DeviceLink *link,
     , m_plugin(plugin)
     , m_link(link)
 {
+    setObservers({});
     connectEvents();
 }
 
@@ -55,7 +58,16 @@ ConsoleSession::~ConsoleSession()
 
 void ConsoleSession::addObserver(SessionObserver *observer)
 {
-    m_observers.push_back(observer);
+    Observers observers = *m_observers;
+    observers.push_back(observer);
+    setObservers(std::move(observers));
+}
+
+void ConsoleSession::removeObserver(SessionObserver *observer)
+{
+    Observers observers = *m_observers;
+    observers.erase(std::remove(observers.begin(), observers.end(), observer), observers.end());
+    setObservers(std::move(observers));
 }
 
 void ConsoleSession::prepare()
@@ -141,14 +153,21 @@ void ConsoleSession::deliver(void (DeviceLink::*reported)(std::shared_ptr<Record
         Qt::DirectConnection);
 }
 
+void ConsoleSession::setObservers(Observers observers)
+{
+    m_lists.push_back(std::make_unique<const Observers>(std::move(observers)));
+    m_observers = m_lists.back().get();
+}
+
 template <typename Signal, typename... Arguments>
 void ConsoleSession::tellObservers(Signal emitted, const Arguments &...arguments) const
 {
-    if (m_observers.empty())
+    const Observers &observers = *m_observers;
+    if (observers.empty())
         return;
     const SignalLine signal{QString::fromLatin1(QMetaMethod::fromSignal(emitted).name()),
                             {toJsonValue(arguments)...}};
-    for (SessionObserver *observer : m_observers)
+    for (SessionObserver *observer : observers)
         observer->emitted(signal);
 }
 
@@ -157,10 +176,11 @@ void ConsoleSession::callHalf(const HostCall &call, Half half) const
     const auto keyboard = m_halves.value(static_cast<int>(half)).toStrongRef();
     if (!keyboard)
         return;
-    for (SessionObserver *observer : m_observers)
+    const Observers &observers = *m_observers;
+    for (SessionObserver *observer : observers)
         observer->calling(call, half, keyboard.data());
     const std::optional<bool> result = perform(call, keyboard.data());
-    for (SessionObserver *observer : m_observers)
+    for (SessionObserver *observer : observers)
         observer->called(call, half, keyboard.data(), result);
 }
 

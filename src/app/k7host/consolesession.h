@@ -12,6 +12,8 @@
 #include <QObject>
 #include <QWeakPointer>
 
+#include <atomic>
+#include <memory>
 #include <vector>
 
 namespace Korvo {
@@ -35,9 +37,10 @@ public:
     /// Tells the link that the console is going.
     ~ConsoleSession() override;
 
-    /// \a observer is told of all that is exchanged from now on, and outlives this object. Before
-    /// start().
+    /// \a observer is told of all that is exchanged from now on, and outlives this object.
     void addObserver(SessionObserver *observer);
+    /// \a observer is told of nothing more but, in other threads, of calls that are under way.
+    void removeObserver(SessionObserver *observer);
 
     /// Makes the plug-in and its halves ready, and asks for nothing yet. The theme is loaded before.
     void prepare();
@@ -60,6 +63,8 @@ private:
     void passOnLamp(void (Korvo::IKorvoECKeyboardPlugin::*emitted)(bool, quint8), Lamp lamp);
     template <typename Record>
     void deliver(void (DeviceLink::*reported)(std::shared_ptr<Record>));
+    using Observers = std::vector<SessionObserver *>;
+    void setObservers(Observers observers);
     template <typename Signal, typename... Arguments>
     void tellObservers(Signal emitted, const Arguments &...arguments) const;
     void callHalf(const HostCall &call, Half half) const;
@@ -67,7 +72,11 @@ private:
     Korvo::IKorvoECKeyboardPlugin *const m_plugin;
     DeviceLink *const m_link;
     QList<QWeakPointer<Korvo::IKorvoECKeyboard>> m_halves; // constant after prepare()
-    std::vector<SessionObserver *> m_observers;            // constant after start()
+
+    // A call tells those whom it found when it began, in any thread and without waiting for anybody; so a
+    // list is replaced as a whole, and stays for those who still read it.
+    std::vector<std::unique_ptr<const Observers>> m_lists;
+    std::atomic<const Observers *> m_observers{nullptr};
 };
 
 } // namespace K7Host

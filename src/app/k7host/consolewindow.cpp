@@ -30,6 +30,7 @@ ConsoleWindow::ConsoleWindow(const QList<QWeakPointer<IKorvoECKeyboard>> &halves
     , m_cover(new PowerCover(this))
 {
     setWindowTitle(QStringLiteral("K7"));
+    setAccessibleName(windowTitle()); // inside of another window too
     m_cover->hide();
     connect(m_cover, &PowerCover::switchOnRequested, this, &ConsoleWindow::switchOnRequested);
     for (const auto &half : halves) {

@@ -43,11 +43,6 @@ void passOnWithoutExcuses(QtMsgType type, const QMessageLogContext &context, con
         usualHandler(type, context, text);
 }
 
-bool isOffscreen()
-{
-    return QGuiApplication::platformName() == QLatin1String("offscreen");
-}
-
 } // namespace
 
 void prepareDisplay(const Options &options)
@@ -60,7 +55,7 @@ void prepareDisplay(const Options &options)
     if (qEnvironmentVariableIsEmpty(PlatformVariable))
         qputenv(PlatformVariable, Platforms);
     if (options.scaleGiven)
-        qputenv(ScaleVariable, QByteArray::number(std::max(options.scale, qreal(1))));
+        qputenv(ScaleVariable, "1");
 }
 
 std::optional<Fault> checkDisplay(const Options &options)
@@ -76,22 +71,22 @@ std::optional<Fault> checkDisplay(const Options &options)
     return {};
 }
 
-qreal reduction(const Options &options, const QSize &native)
+bool isOffscreen()
 {
-    if (options.scale > 0)
-        return std::min(options.scale, qreal(1));
-    const bool isScaledByUser = !options.scaleGiven && !qEnvironmentVariableIsEmpty(ScaleVariable);
-    const QScreen *screen = QGuiApplication::primaryScreen();
-    if (isScaledByUser || isOffscreen() || !screen)
-        return 1;
-    return fittingFactor(native, screen->availableSize() - FrameRoom);
+    return QGuiApplication::platformName() == QLatin1String("offscreen");
 }
 
-qreal fittingFactor(const QSize &native, const QSize &available)
+QSize roomOnScreen()
+{
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    return screen ? screen->availableSize() - FrameRoom : QSize();
+}
+
+qreal fittingFactor(const QSize &native, const QSize &available, qreal largest)
 {
     const qreal width = available.width() / qreal(native.width());
     const qreal height = available.height() / qreal(native.height());
-    const qreal hundredths = std::floor(std::min({width, height, qreal(1)}) * 100);
+    const qreal hundredths = std::floor(std::min({width, height, largest}) * 100);
     return std::max(hundredths, qreal(1)) / 100;
 }
 

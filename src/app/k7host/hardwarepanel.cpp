@@ -69,11 +69,6 @@ HardwarePanel::HardwarePanel(QWidget *parent)
 
 HardwarePanel::~HardwarePanel() = default;
 
-QBoxLayout *HardwarePanel::toolPlace() const
-{
-    return m_ui->toolLayout;
-}
-
 void HardwarePanel::showState(const HardwareState &state)
 {
     m_state = state;

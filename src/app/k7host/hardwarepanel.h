@@ -10,7 +10,6 @@
 #include <memory>
 
 QT_BEGIN_NAMESPACE
-class QBoxLayout;
 class QLabel;
 class QTimer;
 QT_END_NAMESPACE
@@ -30,9 +29,6 @@ class HardwarePanel : public QFrame
 public:
     explicit HardwarePanel(QWidget *parent = nullptr);
     ~HardwarePanel() override;
-
-    /// The place for a tool button, at the right end.
-    QBoxLayout *toolPlace() const;
 
 public Q_SLOTS:
     void showState(const K7Host::HardwareState &state);

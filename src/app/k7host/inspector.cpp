@@ -9,6 +9,7 @@
 #include "ui_inspector.h"
 
 #include <QClipboard>
+#include <QCloseEvent>
 #include <QFileDialog>
 #include <QSaveFile>
 #include <QScrollBar>
@@ -58,6 +59,12 @@ TrafficListener *Inspector::listener() const
 void Inspector::addPage(QWidget *page, const QString &title)
 {
     m_ui->pages->addTab(page, title);
+}
+
+void Inspector::closeEvent(QCloseEvent *event)
+{
+    QWidget::closeEvent(event);
+    emit closed();
 }
 
 void Inspector::copy()

@@ -48,8 +48,13 @@ public:
     void addPage(QWidget *page, const QString &title);
 
 Q_SIGNALS:
+    /// Somebody closed the window.
+    void closed();
     /// Somebody made up a call for a half, or for both.
     void callRequested(const K7Host::HostCall &call, std::optional<K7Host::Half> half);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
 
 private Q_SLOTS:
     void copy();

@@ -5,7 +5,6 @@
 
 #include "consolesession.h"
 #include "consolewidgets.h"
-#include "consolewindow.h"
 #include "hand.h"
 #include "inputrecorder.h"
 #include "inspector.h"
@@ -60,20 +59,26 @@ public:
 
     bool plays() const { return !options.scenario.isEmpty(); }
     bool records() const { return !options.trace.isEmpty(); }
-    bool measures() const { return options.latency || options.inspect; }
 
-    void noteTraffic(ConsoleSession *session);
-    void makeInspector(ConsoleSession *session);
-    void makePlayer(ConsoleSession *session);
+    void makeMeter();
+    void makeTraffic();
+    void makeRecorder();
+    void makeInspector();
+    void makePlayer();
+    void beginInspecting();
+    void endInspecting();
     std::optional<Fault> saveScreenshot(const QString &file) const;
     std::optional<Fault> faultOfScenario(const ConsoleWidgets &widgets) const;
     QString faultOf(const InputLine &input, const ConsoleWidgets &widgets, QSet<int> *fingers) const;
 
     const Options options;
     const Scenario scenario;
-    ConsoleWindow *window = nullptr;
+    ConsoleSession *session = nullptr;
+    std::function<QImage(qreal)> picture;
+    bool isInspecting = false;
 
-    // Each is null without an option that needs it; what uses another one stands behind it.
+    // Each is null until something needs it; what uses another one stands behind it. What the session tells
+    // of calls stays to the end: another thread may still be telling it when it is not needed any more.
     Trace trace;
     std::unique_ptr<Traffic> traffic;
     std::unique_ptr<LatencyMeter> meter;
@@ -93,20 +98,28 @@ Instruments::~Instruments() = default;
 
 std::optional<Fault> Instruments::watch(ConsoleSession *session)
 {
+    d->session = session;
     if (auto fault = d->faultOfScenario(ConsoleWidgets(session->halves())))
         return fault;
     if (d->records()) {
         if (auto fault = d->trace.open(d->options.trace))
             return fault;
     }
-    if (d->measures()) {
-        d->meter = std::make_unique<LatencyMeter>(session->halves());
+    if (d->options.latency) {
+        d->makeMeter();
         session->addObserver(d->meter.get());
     }
-    if (d->plays() || d->records() || d->options.inspect)
-        d->noteTraffic(session);
+    if (d->plays() || d->records()) {
+        d->makeTraffic();
+        session->addObserver(d->traffic.get());
+    }
+    if (d->records()) {
+        d->traffic->addListener(&d->trace);
+        d->makeRecorder();
+    }
+    setInspecting(d->options.inspect);
     if (d->plays()) {
-        d->makePlayer(session);
+        d->makePlayer();
         connect(d->player.get(), &ScenarioPlayer::finished, this, &Instruments::played);
         connect(d->player.get(), &ScenarioPlayer::failed, this, &Instruments::failed);
         connect(qApp, &QCoreApplication::aboutToQuit, d->player.get(), &ScenarioPlayer::stop);
@@ -114,13 +127,36 @@ std::optional<Fault> Instruments::watch(ConsoleSession *session)
     return {};
 }
 
-void Instruments::start(ConsoleWindow *window)
+void Instruments::start(const std::function<QImage(qreal)> &picture)
 {
-    d->window = window;
-    if (d->inspector)
+    d->picture = picture;
+    if (d->isInspecting)
         d->inspector->show();
     if (d->player)
         d->player->start();
+}
+
+bool Instruments::isInspecting() const
+{
+    return d->isInspecting;
+}
+
+void Instruments::setInspecting(bool isOn)
+{
+    if (isOn == d->isInspecting)
+        return;
+    if (!d->inspector) {
+        d->makeInspector();
+        connect(d->inspector.get(), &Inspector::closed, this, [this] { setInspecting(false); });
+    }
+    d->isInspecting = isOn;
+    if (isOn)
+        d->beginInspecting();
+    else
+        d->endInspecting();
+    const bool isStarted = d->picture != nullptr;
+    d->inspector->setVisible(isOn && isStarted);
+    emit inspectingChanged(isOn);
 }
 
 QString Instruments::latencySummary() const
@@ -128,14 +164,17 @@ QString Instruments::latencySummary() const
     return d->options.latency ? d->meter->summary() : QString();
 }
 
-void Instruments::Private::noteTraffic(ConsoleSession *session)
+void Instruments::Private::makeMeter()
 {
+    if (!meter)
+        meter = std::make_unique<LatencyMeter>(session->halves());
+}
+
+void Instruments::Private::makeTraffic()
+{
+    if (traffic)
+        return;
     traffic = std::make_unique<Traffic>();
-    session->addObserver(traffic.get());
-    if (records())
-        traffic->addListener(&trace);
-    if (options.inspect)
-        makeInspector(session);
     boxes = std::make_unique<MessageBoxes>(session->halves());
     Traffic *const all = traffic.get();
     QObject::connect(boxes.get(), &MessageBoxes::opened, boxes.get(),
@@ -143,21 +182,51 @@ void Instruments::Private::noteTraffic(ConsoleSession *session)
     QObject::connect(boxes.get(), &MessageBoxes::answered, boxes.get(),
                      [all](const AnswerLine &answer) { all->note(Direction::In, answer); });
     hand = std::make_unique<Hand>(session->halves());
-    if (records() || inspector)
-        recorder = std::make_unique<InputRecorder>(session->halves(), all, hand.get());
 }
 
-void Instruments::Private::makeInspector(ConsoleSession *session)
+void Instruments::Private::makeRecorder()
 {
+    if (!recorder)
+        recorder = std::make_unique<InputRecorder>(session->halves(), traffic.get(), hand.get());
+}
+
+void Instruments::Private::makeInspector()
+{
+    makeMeter();
+    makeTraffic();
     inspector = std::make_unique<Inspector>(session->halves());
     inspector->addPage(new LatencyPage(meter.get()), QStringLiteral("Latency"));
-    traffic->addListener(inspector->listener());
     QObject::connect(
         inspector.get(), &Inspector::callRequested, session,
-        [session](const HostCall &call, const std::optional<Half> &half) { session->call(call, half); });
+        [this](const HostCall &call, const std::optional<Half> &half) { session->call(call, half); });
 }
 
-void Instruments::Private::makePlayer(ConsoleSession *session)
+void Instruments::Private::beginInspecting()
+{
+    traffic->addListener(inspector->listener());
+    makeRecorder();
+    if (!options.latency) {
+        qApp->installEventFilter(meter.get());
+        session->addObserver(meter.get());
+    }
+    if (!plays() && !records())
+        session->addObserver(traffic.get());
+}
+
+void Instruments::Private::endInspecting()
+{
+    traffic->removeListener(inspector->listener());
+    if (!records())
+        recorder.reset();
+    if (!options.latency) {
+        qApp->removeEventFilter(meter.get());
+        session->removeObserver(meter.get());
+    }
+    if (!plays() && !records())
+        session->removeObserver(traffic.get());
+}
+
+void Instruments::Private::makePlayer()
 {
     const ScenarioPlayer::Stage stage{session, hand.get(), boxes.get(), traffic.get(),
                                       [this](const QString &file) { return saveScreenshot(file); }};
@@ -167,7 +236,7 @@ void Instruments::Private::makePlayer(ConsoleSession *session)
 
 std::optional<Fault> Instruments::Private::saveScreenshot(const QString &file) const
 {
-    return K7Host::saveScreenshot(window->picture(options.pictureFactor()), options.screenshotDir, file);
+    return K7Host::saveScreenshot(picture(options.pictureFactor()), options.screenshotDir, file);
 }
 
 /// What can be known before anything is played.

@@ -8,15 +8,16 @@
 #include "display.h"
 #include "faultylink.h"
 #include "hardwarepanel.h"
+#include "hostactions.h"
 #include "hostsettings.h"
+#include "hostwindow.h"
 #include "instruments.h"
 #include "keypadtrigger.h"
-#include "languagemenu.h"
+#include "kiosk.h"
 #include "logging.h"
 #include "options.h"
 #include "pluginhost.h"
 #include "quitonsignal.h"
-#include "scaledview.h"
 #include "scenario.h"
 #include "screenshot.h"
 #include "simulatedprocessor.h"
@@ -24,10 +25,11 @@
 #include <korvo/keyboard/ikorvoeckeyboardplugin.h>
 
 #include <QApplication>
-#include <QBoxLayout>
 #include <QDir>
+#include <QIcon>
 
 #include <cstdio>
+#include <functional>
 #include <memory>
 
 using namespace K7Host;
@@ -62,17 +64,6 @@ QString translationsDir()
     return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/translations"));
 }
 
-/// Shows the window, in a view when it is to be smaller than it is.
-std::unique_ptr<QWidget> show(ConsoleWindow *window, const Options &options)
-{
-    const qreal factor = reduction(options, window->size());
-    std::unique_ptr<QWidget> view;
-    if (factor < 1)
-        view = std::make_unique<ScaledView>(window, factor);
-    (view ? view.get() : window)->show();
-    return view;
-}
-
 /// The window shows the processor's hardware, and what is done there goes to the processor.
 void join(ConsoleWindow *window, SimulatedProcessor *processor)
 {
@@ -83,20 +74,105 @@ void join(ConsoleWindow *window, SimulatedProcessor *processor)
     window->showHardware(processor->hardware());
 }
 
-/// Does what was asked for once the console is shown.
-void finishStart(ConsoleWindow *window, Instruments *instruments, const Options &options)
+/// What both ways of showing the console need.
+struct Parts
 {
-    instruments->start(window);
+    const Options &options;
+    HostSettings *settings;
+    QString themeDir;
+    ConsoleSession *session;
+    SimulatedProcessor *processor;
+    ApplicationLanguage *language;
+    Instruments *instruments;
+
+    qreal scale() const { return options.scaleGiven ? options.scale : settings->scale(); }
+};
+
+using Picture = std::function<QImage(qreal factor)>;
+
+/// Does what was asked for once the console is shown.
+void finishStart(const Parts &parts, const Picture &picture)
+{
+    parts.instruments->start(picture);
+    const Options &options = parts.options;
     if (!options.scenario.isEmpty())
         return;
     if (!options.screenshotDir.isEmpty()) {
-        const auto fault = saveScreenshot(window->picture(options.pictureFactor()), options.screenshotDir,
-                                          ScreenshotLine().file);
+        const auto fault =
+            saveScreenshot(picture(options.pictureFactor()), options.screenshotDir, ScreenshotLine().file);
         if (fault)
             return QCoreApplication::exit(report(*fault));
     }
     if (options.exit)
         QCoreApplication::exit(ExitDone);
+}
+
+/// The keypad sees input before those who note it.
+void keepKeypadFirst(KeypadTrigger *keypad, const Parts &parts)
+{
+    QObject::connect(parts.instruments, &Instruments::inspectingChanged, keypad,
+                     [keypad] { qApp->installEventFilter(keypad); });
+}
+
+int runUntilAsked()
+{
+    const QuitOnSignal quitOnSignal;
+    return QApplication::exec();
+}
+
+int runInWindow(const Parts &parts)
+{
+    ConsoleWindow console(parts.session->halves());
+    join(&console, parts.processor);
+    KeypadTrigger keypad(&console);
+    keepKeypadFirst(&keypad, parts);
+    HostWindow window(&console, parts.settings);
+    window.addLanguages(parts.language);
+    window.addThemes(parts.themeDir);
+    window.addTool(makeInspectorAction(parts.instruments, &window));
+    window.setScreenshotDir(parts.options.screenshotDir);
+    // Where nobody looks, nothing depends on how large a screen is said to be, or on the last run.
+    const qreal scale = parts.scale();
+    window.setScale(isOffscreen() && scale == 0 ? 1 : scale);
+    if (!isOffscreen())
+        window.rememberPlace();
+    QObject::connect(&console, &ConsoleWindow::shown, &window, [&] {
+        finishStart(parts, [&console](qreal factor) { return console.picture(factor); });
+    });
+    window.show();
+    return runUntilAsked();
+}
+
+int runAsKiosk(const Parts &parts)
+{
+    Kiosk kiosk(parts.session->halves(), parts.scale());
+    const QList<ConsoleWindow *> consoles = kiosk.consoles();
+    for (ConsoleWindow *console : consoles) {
+        join(console, parts.processor);
+        keepKeypadFirst(new KeypadTrigger(console), parts);
+    }
+    makeQuitAction(kiosk.mainWindow());
+    makeNextLanguageAction(parts.language, kiosk.mainWindow());
+    makeInspectorAction(parts.instruments, kiosk.mainWindow());
+    QObject::connect(parts.instruments, &Instruments::inspectingChanged, &kiosk, &Kiosk::setCursorShown);
+    QObject::connect(&kiosk, &Kiosk::shown, &kiosk,
+                     [&] { finishStart(parts, [&kiosk](qreal factor) { return kiosk.picture(factor); }); });
+    kiosk.show();
+    kiosk.setCursorShown(parts.instruments->isInspecting());
+    return runUntilAsked();
+}
+
+/// The theme that was asked for, or chosen before. A chosen one that cannot be used is no reason not to
+/// start.
+std::optional<Fault> applyAnyTheme(const Options &options, const HostSettings &settings, QString *dir)
+{
+    *dir = options.themeGiven ? options.themeDir : settings.theme(options.themeDir);
+    auto fault = applyTheme(*dir);
+    if (!fault || *dir == options.themeDir)
+        return fault;
+    complain(fault->text);
+    *dir = options.themeDir;
+    return applyTheme(*dir);
 }
 
 /// What follows when the scenario ends, well or not.
@@ -122,10 +198,12 @@ int showConsole(int argc, char *argv[], const Options &options)
     QApplication application(argc, argv);
     if (const auto fault = checkDisplay(options))
         return report(*fault);
-    if (const auto fault = applyTheme(options.themeDir))
+    HostSettings settings(options.language);
+    QString themeDir;
+    if (const auto fault = applyAnyTheme(options, settings, &themeDir))
         return report(*fault);
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/k7host.svg")));
 
-    const HostSettings settings(options.language);
     PluginHost plugins(settings.store());
     if (const auto fault = plugins.load(options.pluginDir))
         return report(*fault);
@@ -151,16 +229,8 @@ int showConsole(int argc, char *argv[], const Options &options)
         session.start();
     followScenario(&instruments, &session, options, scenario.isTrace());
 
-    ConsoleWindow window(session.halves());
-    join(&window, &processor);
-    window.hardwarePanel()->toolPlace()->addWidget(new LanguageMenu(&language));
-    const KeypadTrigger keypad(&window);
-    QObject::connect(&window, &ConsoleWindow::shown, &window,
-                     [&] { finishStart(&window, &instruments, options); });
-    const auto view = show(&window, options);
-
-    const QuitOnSignal quitOnSignal;
-    const int exitCode = QApplication::exec();
+    const Parts parts{options, &settings, themeDir, &session, &processor, &language, &instruments};
+    const int exitCode = options.kiosk ? runAsKiosk(parts) : runInWindow(parts);
     std::fputs(qPrintable(instruments.latencySummary()), stderr);
     return exitCode;
 }

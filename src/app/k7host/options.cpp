@@ -17,6 +17,11 @@ namespace {
 constexpr qreal SmallestScale = 0.25;
 constexpr qreal LargestScale = 4.0;
 
+QString autoScale()
+{
+    return QStringLiteral("auto");
+}
+
 /// Reads one command line: the options once as a table, then value by value into Options.
 class Reader
 {
@@ -50,6 +55,10 @@ private:
         QStringLiteral("scale"),
         QStringLiteral("Size of the console: auto fits it to the screen, 0.25 to 4 is a factor."),
         QStringLiteral("auto|FACTOR")};
+    const QCommandLineOption m_kiosk{
+        QStringLiteral("kiosk"),
+        QStringLiteral(
+            "Fill the screens with the console: a half on each of the first two, or both on one.")};
     const QCommandLineOption m_screenshot{QStringLiteral("screenshot"),
                                           QStringLiteral("Write pictures to DIR: those of the scenario, or "
                                                          "console.png once the console is shown."),
@@ -89,9 +98,9 @@ Reader::Reader(const QString &programDir)
 {
     m_parser.setApplicationDescription(
         QStringLiteral("Shows the K7 console on screen, answered by a simulated video processor."));
-    m_parser.addOptions({m_pluginDir, m_theme, m_language, m_scale, m_screenshot, m_scenario, m_trace,
-                         m_inspect, m_latency, m_faults, m_seed, m_exit, m_listPlugins, m_verbose, m_help,
-                         m_version});
+    m_parser.addOptions({m_pluginDir, m_theme, m_language, m_scale, m_kiosk, m_screenshot, m_scenario,
+                         m_trace, m_inspect, m_latency, m_faults, m_seed, m_exit, m_listPlugins, m_verbose,
+                         m_help, m_version});
 }
 
 QString Reader::defaultDir(const char *pathFromProgram) const
@@ -131,6 +140,8 @@ CommandLine Reader::read(const QStringList &arguments)
 
 bool Reader::readValues(Options *options, QString *error) const
 {
+    options->kiosk = m_parser.isSet(m_kiosk);
+    options->themeGiven = m_parser.isSet(m_theme);
     options->exit = m_parser.isSet(m_exit);
     options->listPlugins = m_parser.isSet(m_listPlugins);
     options->verbose = m_parser.isSet(m_verbose);
@@ -173,12 +184,12 @@ bool Reader::readScale(Options *options, QString *error) const
 {
     options->scaleGiven = m_parser.isSet(m_scale);
     const QString text = m_parser.value(m_scale);
-    if (!options->scaleGiven || text == QLatin1String("auto"))
+    if (!options->scaleGiven)
         return true;
-    bool isNumber = false;
-    options->scale = text.toDouble(&isNumber);
-    if (isNumber && options->scale >= SmallestScale && options->scale <= LargestScale)
+    if (const auto scale = scaleFromText(text)) {
+        options->scale = *scale;
         return true;
+    }
     *error = QStringLiteral("'%1' after '--scale' is neither auto nor a factor from %2 to %3.")
                  .arg(text, QString::number(SmallestScale), QString::number(LargestScale));
     return false;
@@ -216,6 +227,22 @@ bool Reader::checkTrace(const Options &options, QString *error) const
 }
 
 } // namespace
+
+std::optional<qreal> scaleFromText(const QString &text)
+{
+    if (text == autoScale())
+        return 0;
+    bool isNumber = false;
+    const qreal scale = text.toDouble(&isNumber);
+    // Not a number is neither.
+    const bool isInRange = scale >= SmallestScale && scale <= LargestScale;
+    return isNumber && isInRange ? std::make_optional(scale) : std::nullopt;
+}
+
+QString textOfScale(qreal scale)
+{
+    return scale > 0 ? QString::number(scale) : autoScale();
+}
 
 CommandLine parseCommandLine(const QStringList &arguments, const QString &programDir)
 {

@@ -27,14 +27,16 @@ ScaledView::ScaledView(QWidget *window, qreal factor)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setAlignment(Qt::AlignLeft | Qt::AlignTop);
     setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
-    scale(m_factor, m_factor);
     // The window alone decides on its size.
     m_proxy->setMinimumSize(0, 0);
     m_proxy->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     // Only this view keeps the application running.
     window->setAttribute(Qt::WA_QuitOnClose, false);
-    connect(m_proxy, &QGraphicsWidget::geometryChanged, this, &ScaledView::followSize);
-    followSize();
+    connect(m_proxy, &QGraphicsWidget::geometryChanged, this, [this] {
+        followSize();
+        emit nativeSizeChanged();
+    });
+    setFactor(factor);
     m_proxy->setFocus();
 }
 
@@ -47,6 +49,13 @@ ScaledView::~ScaledView()
 QWidget *ScaledView::shownWindow() const
 {
     return m_proxy->widget();
+}
+
+void ScaledView::setFactor(qreal factor)
+{
+    m_factor = factor;
+    setTransform(QTransform::fromScale(factor, factor));
+    followSize();
 }
 
 // The scene keeps the ends of touches and of activity to itself, but keys that are held must come up.

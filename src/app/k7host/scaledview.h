@@ -3,13 +3,15 @@
 
 #pragma once
 
+#include <QGraphicsProxyWidget>
 #include <QGraphicsView>
 
 namespace K7Host {
 
-/// A window that shows another one reduced. Input and what opens inside go through the scale.
+/// Shows a window in another size. Input and what opens inside go through the scale.
 ///
-/// QT_SCALE_FACTOR cannot do this: below 1, Qt makes the windows smaller but not what is painted in them.
+/// QT_SCALE_FACTOR cannot do this: below 1, Qt makes the windows smaller but not what is painted in them; and
+/// it holds for the whole application, from its start to its end.
 class ScaledView : public QGraphicsView
 {
     Q_OBJECT
@@ -23,6 +25,15 @@ public:
     /// Null while the view is being destroyed.
     QWidget *shownWindow() const;
 
+    /// Of the window.
+    QSize nativeSize() const { return m_proxy->size().toSize(); }
+    qreal factor() const { return m_factor; }
+    void setFactor(qreal factor);
+
+Q_SIGNALS:
+    /// The window has taken another size.
+    void nativeSizeChanged();
+
 protected:
     bool event(QEvent *event) override;
     bool viewportEvent(QEvent *event) override;
@@ -30,7 +41,7 @@ protected:
 private:
     void followSize();
 
-    const qreal m_factor;
+    qreal m_factor;
     QGraphicsProxyWidget *const m_proxy; // owned by the scene
 };
 

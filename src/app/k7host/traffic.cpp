@@ -29,7 +29,14 @@ Traffic::Traffic()
 
 void Traffic::addListener(TrafficListener *listener)
 {
+    const QMutexLocker lock(&m_mutex);
     m_listeners.push_back(listener);
+}
+
+void Traffic::removeListener(TrafficListener *listener)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_listeners.erase(std::remove(m_listeners.begin(), m_listeners.end(), listener), m_listeners.end());
 }
 
 double Traffic::now() const
@@ -70,9 +77,9 @@ void Traffic::emitted(const SignalLine &signal)
 
 void Traffic::append(const Entry &entry)
 {
+    const QMutexLocker lock(&m_mutex);
     if (m_listeners.empty())
         return;
-    const QMutexLocker lock(&m_mutex);
     tellOpenCalls();
     m_waiting.push_back(entry);
     m_waiting.back().line.ms = now(); // under the mutex, so that times do not run backwards

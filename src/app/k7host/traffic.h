@@ -39,8 +39,10 @@ public:
     /// Time begins now.
     Traffic();
 
-    /// \a listener is told of every line from now on, and outlives this object. Before the first line.
+    /// \a listener is told of every line from now on, and outlives this object, or leaves it before.
     void addListener(TrafficListener *listener);
+    /// When this returns, \a listener is told of nothing more.
+    void removeListener(TrafficListener *listener);
 
     /// Milliseconds since the start.
     double now() const;
@@ -65,9 +67,11 @@ private:
     void tellWhatIsComplete();
 
     const QElapsedTimer m_clock;
-    std::vector<TrafficListener *> m_listeners;
+
     QMutex m_mutex;
-    std::deque<Entry> m_waiting; // behind a call that has not returned; under the mutex
+    // Under the mutex:
+    std::vector<TrafficListener *> m_listeners;
+    std::deque<Entry> m_waiting; // behind a call that has not returned
 };
 
 } // namespace K7Host

@@ -8,6 +8,12 @@
 
 namespace Korvo::Internal {
 
+namespace {
+
+constexpr int Margin = 50; // pixels that are shown above and below
+
+} // namespace
+
 FocusInSight::FocusInSight(QScrollArea *area)
     : QObject(area)
     , m_area(area)
@@ -24,9 +30,17 @@ bool FocusInSight::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::FocusIn) {
         const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
         if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason)
-            m_area->ensureWidgetVisible(static_cast<QWidget *>(watched));
+            bringInSight(static_cast<QWidget *>(watched));
     }
     return QObject::eventFilter(watched, event);
+}
+
+// Not ensureWidgetVisible(): of a field it brings only the cursor in sight.
+void FocusInSight::bringInSight(const QWidget *control)
+{
+    const QRect place(control->mapTo(m_area->widget(), QPoint()), control->size());
+    m_area->ensureVisible(place.center().x(), place.center().y(), place.width() / 2,
+                          place.height() / 2 + Margin);
 }
 
 } // namespace Korvo::Internal

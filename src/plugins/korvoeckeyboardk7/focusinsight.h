@@ -24,6 +24,8 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void bringInSight(const QWidget *control);
+
     QScrollArea *const m_area;
 };
 

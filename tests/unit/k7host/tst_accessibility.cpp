@@ -7,8 +7,8 @@
 #include <consolewindow.h>
 #include <hostcall.h>
 #include <hostsettings.h>
+#include <hostwindow.h>
 #include <keypad.h>
-#include <languagemenu.h>
 #include <pluginhost.h>
 #include <scaledview.h>
 #include <simulatedprocessor.h>
@@ -329,8 +329,11 @@ void tst_Accessibility::noControlOfAToolIsWithoutAName_data()
     using Make = std::function<QWidget *(Console *)>;
     QTest::addColumn<Make>("make");
     QTest::newRow("keypad") << Make([](Console *console) { return new Keypad(console->window.data()); });
-    QTest::newRow("languages") << Make(
-        [](Console *console) { return new LanguageMenu(console->language.data(), console->window.data()); });
+    QTest::newRow("host window") << Make([](Console *console) {
+        auto *window = new HostWindow(console->window.data(), &console->settings);
+        window->addLanguages(console->language.data());
+        return window;
+    });
     QTest::newRow("busy indicator") << Make([](Console *console) {
         auto *dialog = new Korvo::Widgets::WaitingDialog(console->window.data());
         dialog->showWaitingDialog(QStringLiteral("loading"));

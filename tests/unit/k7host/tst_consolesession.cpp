@@ -12,7 +12,9 @@ using K7Host::ConsoleSession;
 using K7Host::DeviceLink;
 using K7Host::FakeKeyboard;
 using K7Host::FakeKeyboardPlugin;
+using K7Host::HostCall;
 using K7Host::Lamp;
+using K7Host::SessionObserver;
 
 namespace {
 
@@ -73,6 +75,30 @@ std::shared_ptr<void> emitRecord(DeviceLink *link, void (DeviceLink::*report)(st
     return record;
 }
 
+/// Counts what it is told, and may leave while it is.
+class Counter : public SessionObserver
+{
+public:
+    void calling(const HostCall & /*call*/, K7Host::Half /*half*/,
+                 Korvo::IKorvoECKeyboard * /*keyboard*/) override
+    {
+        ++begun;
+        if (leaves)
+            leaves->removeObserver(this);
+    }
+    void called(const HostCall & /*call*/, K7Host::Half /*half*/, Korvo::IKorvoECKeyboard * /*keyboard*/,
+                std::optional<bool> /*result*/) override
+    {
+        ++ended;
+    }
+    void emitted(const K7Host::SignalLine & /*signal*/) override { ++signalCount; }
+
+    ConsoleSession *leaves = nullptr;
+    int begun = 0;
+    int ended = 0;
+    int signalCount = 0;
+};
+
 using Emit = std::shared_ptr<void> (*)(DeviceLink *);
 using EmitEvent = void (*)(FakeKeyboardPlugin *);
 
@@ -105,6 +131,8 @@ private slots:
     void aHalfThatIsGoneIsLeftOut();
     void recordsBeforeTheStartReachNobody();
     void aClosedSessionPassesNothingOn();
+    void observersComeAndGoAtAnyTime();
+    void aCallTellsThoseWhomItBeganWith();
 
 private:
     QScopedPointer<FakeKeyboardPlugin> m_plugin;
@@ -357,6 +385,43 @@ void tst_ConsoleSession::aClosedSessionPassesNothingOn()
     QCOMPARE(m_plugin->left->calls, QStringList());
     emit m_plugin->ecButtonPressed(0xff0026);
     QCOMPARE(m_link->pressed, QVector<quint32>());
+}
+
+void tst_ConsoleSession::observersComeAndGoAtAnyTime()
+{
+    Counter first;
+    Counter second;
+    m_session->addObserver(&first);
+    m_session->start();
+    const int begun = first.begun;
+    QVERIFY(begun > 0);
+
+    m_session->addObserver(&second);
+    emit m_plugin->ecButtonPressed(1);
+    m_session->call(K7Host::IdleLook());
+    QCOMPARE(first.signalCount, 1);
+    QCOMPARE(second.signalCount, 1);
+    QCOMPARE(second.begun, 2);
+
+    m_session->removeObserver(&first);
+    emit m_plugin->ecButtonPressed(1);
+    m_session->call(K7Host::IdleLook());
+    QCOMPARE(first.signalCount, 1);
+    QCOMPARE(first.begun, begun + 2);
+    QCOMPARE(first.ended, first.begun);
+    QCOMPARE(second.signalCount, 2);
+    QCOMPARE(second.ended, 4);
+}
+
+void tst_ConsoleSession::aCallTellsThoseWhomItBeganWith()
+{
+    m_session->prepare();
+    Counter counter;
+    counter.leaves = m_session.data();
+    m_session->addObserver(&counter);
+    m_session->call(K7Host::IdleLook());
+    QCOMPARE(counter.begun, 1);
+    QCOMPARE(counter.ended, 1);
 }
 
 QTEST_MAIN(tst_ConsoleSession)

@@ -3,6 +3,8 @@
 
 #include <display.h>
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QTest>
 
 class tst_Display : public QObject
@@ -12,10 +14,10 @@ class tst_Display : public QObject
 private slots:
     void theFittingFactorLeavesAWholeWindowOnTheScreen_data();
     void theFittingFactorLeavesAWholeWindowOnTheScreen();
-    void qtIsOnlyAskedToEnlarge_data();
-    void qtIsOnlyAskedToEnlarge();
-    void theReductionNeverEnlarges_data();
-    void theReductionNeverEnlarges();
+    void aLargerFactorNeedsToBeAskedFor();
+    void qtScalesOnlyWhatTheOptionsLeaveToIt_data();
+    void qtScalesOnlyWhatTheOptionsLeaveToIt();
+    void thereIsRoomForAFrameOnTheScreen();
 };
 
 void tst_Display::theFittingFactorLeavesAWholeWindowOnTheScreen_data()
@@ -37,19 +39,27 @@ void tst_Display::theFittingFactorLeavesAWholeWindowOnTheScreen()
     QTEST(K7Host::fittingFactor(QSize(3489, 1050), available), "expectedFactor");
 }
 
-void tst_Display::qtIsOnlyAskedToEnlarge_data()
+void tst_Display::aLargerFactorNeedsToBeAskedFor()
+{
+    const QSize native(100, 50);
+    const QSize available(310, 100);
+    QCOMPARE(K7Host::fittingFactor(native, available), 1.0);
+    QCOMPARE(K7Host::fittingFactor(native, available, 1.5), 1.5);
+    QCOMPARE(K7Host::fittingFactor(native, available, 4), 2.0);
+}
+
+void tst_Display::qtScalesOnlyWhatTheOptionsLeaveToIt_data()
 {
     QTest::addColumn<bool>("isGiven");
     QTest::addColumn<qreal>("scale");
     QTest::addColumn<QByteArray>("expectedVariable");
     QTest::newRow("half") << true << 0.5 << QByteArray("1");
-    QTest::newRow("one") << true << 1.0 << QByteArray("1");
-    QTest::newRow("double") << true << 2.0 << QByteArray("2");
+    QTest::newRow("double") << true << 2.0 << QByteArray("1");
     QTest::newRow("fitted") << true << 0.0 << QByteArray("1");
     QTest::newRow("the session's") << false << 0.0 << QByteArray("1.75");
 }
 
-void tst_Display::qtIsOnlyAskedToEnlarge()
+void tst_Display::qtScalesOnlyWhatTheOptionsLeaveToIt()
 {
     QFETCH(bool, isGiven);
     QFETCH(qreal, scale);
@@ -63,26 +73,14 @@ void tst_Display::qtIsOnlyAskedToEnlarge()
     qunsetenv("QT_SCALE_FACTOR");
 }
 
-void tst_Display::theReductionNeverEnlarges_data()
+void tst_Display::thereIsRoomForAFrameOnTheScreen()
 {
-    QTest::addColumn<bool>("isGiven");
-    QTest::addColumn<qreal>("scale");
-    QTest::addColumn<qreal>("expectedReduction");
-    QTest::newRow("half") << true << 0.5 << 0.5;
-    QTest::newRow("one") << true << 1.0 << 1.0;
-    QTest::newRow("double, which Qt does") << true << 2.0 << 1.0;
-    QTest::newRow("fitted, with nothing to fit to") << true << 0.0 << 1.0;
-    QTest::newRow("not given") << false << 0.0 << 1.0;
-}
-
-void tst_Display::theReductionNeverEnlarges()
-{
-    QFETCH(bool, isGiven);
-    QFETCH(qreal, scale);
-    K7Host::Options options;
-    options.scaleGiven = isGiven;
-    options.scale = scale;
-    QTEST(K7Host::reduction(options, QSize(3489, 1050)), "expectedReduction");
+    QVERIFY(K7Host::isOffscreen());
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    const QSize room = K7Host::roomOnScreen();
+    QVERIFY(room.isValid());
+    QVERIFY(room.width() < screen.width() && room.width() > screen.width() - 40);
+    QVERIFY(room.height() < screen.height() && room.height() > screen.height() - 80);
 }
 
 QTEST_MAIN(tst_Display)

@@ -11,7 +11,6 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
-#include <QToolButton>
 
 using namespace K7Host;
 
@@ -36,7 +35,6 @@ private slots:
     void powerIsShown();
     void dviSignalsAreSwitchedByHandOnly();
     void itsSizeDoesNotDependOnWhatItShows();
-    void aToolButtonStandsAtTheRightEnd();
 
 private:
     QString textOf(const char *name) const;
@@ -279,21 +277,6 @@ void tst_HardwarePanel::itsSizeDoesNotDependOnWhatItShows()
     large.power = Power::Restarting;
     m_panel->showState(large);
     QCOMPARE(m_panel->minimumSizeHint(), hint);
-}
-
-void tst_HardwarePanel::aToolButtonStandsAtTheRightEnd()
-{
-    QToolButton button;
-    button.setText(text("English"));
-    m_panel->toolPlace()->addWidget(&button);
-    m_panel->resize(2000, 200);
-    m_panel->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_panel.data()));
-    const int right = button.mapTo(m_panel.data(), QPoint(button.width(), 0)).x();
-    QCOMPARE(right, m_panel->width() - m_panel->layout()->contentsMargins().right());
-    QVERIFY(button.y() < 40);
-    m_panel->toolPlace()->removeWidget(&button);
-    button.setParent(nullptr);
 }
 
 QTEST_MAIN(tst_HardwarePanel)

@@ -3,6 +3,7 @@
 
 #include <hostsettings.h>
 
+#include <QDir>
 #include <QFile>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -20,6 +21,11 @@ private slots:
     void withoutALanguageTheUsersStoreIsUsed();
     void aLanguageHoldsForThisRunOnly();
     void aLanguageLeavesTheUsersOtherChoices();
+    void theScaleIsKept_data();
+    void theScaleIsKept();
+    void aScaleThatIsNoneFitsTheConsole();
+    void theThemeIsTheOneBesideTheStandardOne();
+    void aThemeThatIsGoneIsTheStandardOne();
 
 private:
     QScopedPointer<QTemporaryDir> m_configDir;
@@ -72,6 +78,52 @@ void tst_HostSettings::aLanguageLeavesTheUsersOtherChoices()
     QCOMPARE(settings.store()->value(QStringLiteral("Group/Key")).toInt(), 7);
     QCOMPARE(settings.store()->value(languageKey).toString(), QStringLiteral("de"));
     QCOMPARE(users.store()->value(languageKey).toString(), QStringLiteral("fr"));
+}
+
+void tst_HostSettings::theScaleIsKept_data()
+{
+    QTest::addColumn<qreal>("scale");
+    QTest::addColumn<QString>("expectedText");
+    QTest::newRow("fitted") << 0.0 << QStringLiteral("auto");
+    QTest::newRow("half") << 0.5 << QStringLiteral("0.5");
+    QTest::newRow("double") << 2.0 << QStringLiteral("2");
+}
+
+void tst_HostSettings::theScaleIsKept()
+{
+    QFETCH(qreal, scale);
+    QFETCH(QString, expectedText);
+    HostSettings settings{QString()};
+    QCOMPARE(settings.scale(), 0.0);
+    settings.setScale(scale);
+    QCOMPARE(settings.scale(), scale);
+    QCOMPARE(settings.store()->value(QStringLiteral("General/Scale")).toString(), expectedText);
+    QCOMPARE(HostSettings(QStringLiteral("de")).scale(), scale);
+}
+
+void tst_HostSettings::aScaleThatIsNoneFitsTheConsole()
+{
+    const HostSettings settings{QString()};
+    settings.store()->setValue(QStringLiteral("General/Scale"), QStringLiteral("17"));
+    QCOMPARE(settings.scale(), 0.0);
+}
+
+void tst_HostSettings::theThemeIsTheOneBesideTheStandardOne()
+{
+    QVERIFY(QDir(m_configDir->path()).mkpath(QStringLiteral("themes/dark")));
+    QVERIFY(QDir(m_configDir->path()).mkpath(QStringLiteral("themes/light")));
+    const QString standard = m_configDir->filePath(QStringLiteral("themes/dark"));
+    HostSettings settings{QString()};
+    QCOMPARE(settings.theme(standard), standard);
+    settings.setTheme(QStringLiteral("/elsewhere/light"));
+    QCOMPARE(settings.theme(standard), m_configDir->filePath(QStringLiteral("themes/light")));
+}
+
+void tst_HostSettings::aThemeThatIsGoneIsTheStandardOne()
+{
+    HostSettings settings{QString()};
+    settings.setTheme(QStringLiteral("gone"));
+    QCOMPARE(settings.theme(m_configDir->path()), m_configDir->path());
 }
 
 QTEST_GUILESS_MAIN(tst_HostSettings)

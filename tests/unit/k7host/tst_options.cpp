@@ -26,6 +26,8 @@ private slots:
     void aTraceDoesNotOverwriteItsScenario();
     void scaleIsFitOrAFactor_data();
     void scaleIsFitOrAFactor();
+    void aScaleIsReadAsItIsWritten_data();
+    void aScaleIsReadAsItIsWritten();
     void wrongArgumentsAreRefusedInOneLine_data();
     void wrongArgumentsAreRefusedInOneLine();
     void helpListsExactlyWhatThereIs();
@@ -47,6 +49,8 @@ void tst_Options::withoutArgumentsEverythingHasItsDefault()
     QVERIFY(!line.options.scaleGiven);
     QCOMPARE(line.options.scale, 0.0);
     QCOMPARE(line.options.screenshotDir, QString());
+    QVERIFY(!line.options.themeGiven);
+    QVERIFY(!line.options.kiosk);
     QVERIFY(!line.options.exit);
     QVERIFY(!line.options.listPlugins);
     QVERIFY(!line.options.verbose);
@@ -63,17 +67,21 @@ void tst_Options::valuesAreTakenOver()
     QCOMPARE(line.options.themeDir, QStringLiteral("/looks"));
     QCOMPARE(line.options.language, QStringLiteral("de_CH"));
     QCOMPARE(line.options.screenshotDir, QStringLiteral("."));
+    QCOMPARE(line.options.themeDir, QStringLiteral("/looks"));
+    QVERIFY(line.options.themeGiven);
 }
 
 void tst_Options::switchesAreTakenOver_data()
 {
     QTest::addColumn<QString>("argument");
     QTest::addColumn<bool>("exit");
+    QTest::addColumn<bool>("kiosk");
     QTest::addColumn<bool>("listPlugins");
     QTest::addColumn<bool>("verbose");
-    QTest::newRow("exit") << QStringLiteral("--exit") << true << false << false;
-    QTest::newRow("list-plugins") << QStringLiteral("--list-plugins") << false << true << false;
-    QTest::newRow("verbose") << QStringLiteral("--verbose") << false << false << true;
+    QTest::newRow("exit") << QStringLiteral("--exit") << true << false << false << false;
+    QTest::newRow("kiosk") << QStringLiteral("--kiosk") << false << true << false << false;
+    QTest::newRow("list-plugins") << QStringLiteral("--list-plugins") << false << false << true << false;
+    QTest::newRow("verbose") << QStringLiteral("--verbose") << false << false << false << true;
 }
 
 void tst_Options::switchesAreTakenOver()
@@ -82,6 +90,7 @@ void tst_Options::switchesAreTakenOver()
     const CommandLine line = parse({argument});
     QCOMPARE(line.outcome, CommandLine::Run);
     QTEST(line.options.exit, "exit");
+    QTEST(line.options.kiosk, "kiosk");
     QTEST(line.options.listPlugins, "listPlugins");
     QTEST(line.options.verbose, "verbose");
 }
@@ -137,6 +146,26 @@ void tst_Options::scaleIsFitOrAFactor()
     QCOMPARE(line.outcome, CommandLine::Run);
     QVERIFY(line.options.scaleGiven);
     QTEST(line.options.scale, "expectedScale");
+}
+
+void tst_Options::aScaleIsReadAsItIsWritten_data()
+{
+    QTest::addColumn<qreal>("scale");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("auto") << 0.0 << QStringLiteral("auto");
+    QTest::newRow("three quarters") << 0.75 << QStringLiteral("0.75");
+    QTest::newRow("double") << 2.0 << QStringLiteral("2");
+}
+
+void tst_Options::aScaleIsReadAsItIsWritten()
+{
+    QFETCH(qreal, scale);
+    QFETCH(QString, text);
+    QCOMPARE(K7Host::textOfScale(scale), text);
+    const std::optional<qreal> read = K7Host::scaleFromText(text);
+    QVERIFY(read);
+    QCOMPARE(*read, scale);
+    QVERIFY(!K7Host::scaleFromText(QStringLiteral("huge")));
 }
 
 void tst_Options::wrongArgumentsAreRefusedInOneLine_data()
@@ -201,12 +230,12 @@ void tst_Options::helpListsExactlyWhatThereIs()
     }
     options.sort();
     const QStringList expectedOptions{
-        QStringLiteral("--exit"),         QStringLiteral("--faults"),     QStringLiteral("--help"),
-        QStringLiteral("--inspect"),      QStringLiteral("--lang"),       QStringLiteral("--latency"),
-        QStringLiteral("--list-plugins"), QStringLiteral("--plugin-dir"), QStringLiteral("--scale"),
-        QStringLiteral("--scenario"),     QStringLiteral("--screenshot"), QStringLiteral("--seed"),
-        QStringLiteral("--theme"),        QStringLiteral("--trace"),      QStringLiteral("--verbose"),
-        QStringLiteral("--version")};
+        QStringLiteral("--exit"),    QStringLiteral("--faults"),       QStringLiteral("--help"),
+        QStringLiteral("--inspect"), QStringLiteral("--kiosk"),        QStringLiteral("--lang"),
+        QStringLiteral("--latency"), QStringLiteral("--list-plugins"), QStringLiteral("--plugin-dir"),
+        QStringLiteral("--scale"),   QStringLiteral("--scenario"),     QStringLiteral("--screenshot"),
+        QStringLiteral("--seed"),    QStringLiteral("--theme"),        QStringLiteral("--trace"),
+        QStringLiteral("--verbose"), QStringLiteral("--version")};
     QCOMPARE(options, expectedOptions);
 }
 

@@ -50,6 +50,7 @@ private slots:
     void theViewIsAsLargeAsTheReducedWindow();
     void theWholeWindowIsPaintedReduced();
     void theViewFollowsTheWindowsSize();
+    void theFactorCanBeChanged();
     void aClickReachesWhatIsSeenUnderIt();
     void theWindowOutlivesTheView();
     void closingTheViewClosesTheLastWindow();
@@ -100,6 +101,26 @@ void tst_ScaledView::theViewFollowsTheWindowsSize()
     QTRY_COMPARE(view.size(), QSize(300, 150));
     QCOMPARE(view.grab().toImage().pixelColor(299, 149), QColor(Qt::blue));
     QCOMPARE(view.grab().toImage().pixelColor(0, 0), QColor(Qt::red));
+}
+
+void tst_ScaledView::theFactorCanBeChanged()
+{
+    TwoColors window;
+    ScaledView view(&window, 0.5);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    for (const qreal factor : {2.0, 1.0, 0.25}) {
+        view.setFactor(factor);
+        QCOMPARE(view.factor(), factor);
+        QCOMPARE(view.nativeSize(), window.size());
+        QCOMPARE(view.size(), window.size() * factor);
+        const QSignalSpy pressed(&window.button, &QPushButton::pressed);
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, window.button.geometry().center() * factor);
+        QCOMPARE(pressed.count(), 1);
+        const QImage image = view.grab().toImage();
+        QCOMPARE(image.pixelColor(0, image.height() - 1), QColor(Qt::red));
+        QCOMPARE(image.pixelColor(image.width() - 1, 0), QColor(Qt::blue));
+    }
 }
 
 void tst_ScaledView::aClickReachesWhatIsSeenUnderIt()

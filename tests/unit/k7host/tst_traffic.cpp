@@ -41,6 +41,7 @@ private slots:
     void init();
 
     void everyListenerIsToldOfEveryLine();
+    void aListenerThatHasLeftIsToldNothing();
     void aCallIsToldWhenItReturns();
     void whatACallCausesFollowsIt();
     void callsMayOverlapInAnyOrder();
@@ -78,6 +79,20 @@ void tst_Traffic::everyListenerIsToldOfEveryLine()
         m_notes->texts(),
         expected({R"({"dir":"out","message":{"title":"Remind","text":"Now","informative":""}})", Signal}));
     QCOMPARE(second.texts(), m_notes->texts());
+}
+
+void tst_Traffic::aListenerThatHasLeftIsToldNothing()
+{
+    Notes second;
+    m_traffic->addListener(&second);
+    signal();
+    m_traffic->removeListener(m_notes.data());
+    signal();
+    QCOMPARE(m_notes->texts(), expected({Signal}));
+    QCOMPARE(second.texts(), expected({Signal, Signal}));
+    m_traffic->removeListener(&second);
+    signal();
+    QCOMPARE(second.lines.size(), 2);
 }
 
 void tst_Traffic::aCallIsToldWhenItReturns()
