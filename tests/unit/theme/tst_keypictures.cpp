@@ -247,8 +247,8 @@ private:
 void tst_KeyPictures::addThemes()
 {
     QTest::addColumn<QString>("theme");
-    for (const QString theme : {DarkTheme, LightTheme})
-        QTest::newRow(theme.toLatin1()) << theme;
+    for (const auto theme : {DarkTheme, LightTheme})
+        QTest::newRow(theme.latin1()) << QString(theme);
 }
 
 void tst_KeyPictures::addPictures()
@@ -256,9 +256,9 @@ void tst_KeyPictures::addPictures()
     QTest::addColumn<QString>("theme");
     QTest::addColumn<QString>("name");
     const QStringList names = iconKeys();
-    for (const QString theme : {DarkTheme, LightTheme}) {
+    for (const auto theme : {DarkTheme, LightTheme}) {
         for (const QString &name : names)
-            QTest::newRow(rowName(theme, name)) << theme << name;
+            QTest::newRow(rowName(theme, name)) << QString(theme) << name;
     }
 }
 
@@ -266,9 +266,9 @@ void tst_KeyPictures::addKinds(const QStringList &kinds)
 {
     QTest::addColumn<QString>("theme");
     QTest::addColumn<QString>("kind");
-    for (const QString theme : {DarkTheme, LightTheme}) {
+    for (const auto theme : {DarkTheme, LightTheme}) {
         for (const QString &kind : kinds)
-            QTest::newRow(rowName(theme, kind)) << theme << kind;
+            QTest::newRow(rowName(theme, kind)) << QString(theme) << kind;
     }
 }
 
@@ -329,14 +329,14 @@ void tst_KeyPictures::letteringIsReadable_data()
     // screens, Enter, Cut and Take.
     const QList<QSize> squareSizes{SquareKey, PageKey, QSize(126, 56), DoubleKey, QSize(138, 73)};
     const QStringList names = iconKeys();
-    for (const QString theme : {DarkTheme, LightTheme}) {
+    for (const auto theme : {DarkTheme, LightTheme}) {
         for (const QString &name : names) {
             const QSize native = nativeSize(name);
             const QList<QSize> sizes = native == SquareKey ? squareSizes : QList<QSize>{native};
             for (const QSize &size : sizes) {
                 const QString rest =
                     QStringLiteral("%1 %2x%3").arg(name).arg(size.width()).arg(size.height());
-                QTest::newRow(rowName(theme, rest)) << theme << name << size;
+                QTest::newRow(rowName(theme, rest)) << QString(theme) << name << size;
             }
         }
     }
@@ -437,11 +437,11 @@ void tst_KeyPictures::colorsAreToldApart_data()
     const QList<QPair<QString, Vision>> visions{{QStringLiteral("everybody"), Vision::Normal},
                                                 {QStringLiteral("protanopia"), Vision::Protanopia},
                                                 {QStringLiteral("deuteranopia"), Vision::Deuteranopia}};
-    for (const QString theme : {DarkTheme, LightTheme}) {
-        for (const QString kind : {Square, DoubleWidth, PageUp, PageDown}) {
+    for (const auto theme : {DarkTheme, LightTheme}) {
+        for (const auto kind : {Square, DoubleWidth, PageUp, PageDown}) {
             for (const auto &vision : visions) {
                 QTest::newRow(rowName(theme, QStringLiteral("%1 %2").arg(kind, vision.first)))
-                    << theme << kind << int(vision.second);
+                    << QString(theme) << QString(kind) << int(vision.second);
             }
         }
     }
@@ -525,9 +525,9 @@ void tst_KeyPictures::arrowsPointUpAndDown_data()
     QTest::addColumn<QString>("theme");
     QTest::addColumn<QString>("color");
     const QStringList colors = colorsOf(PageUp);
-    for (const QString theme : {DarkTheme, LightTheme}) {
+    for (const auto theme : {DarkTheme, LightTheme}) {
         for (const QString &color : colors)
-            QTest::newRow(rowName(theme, color)) << theme << color;
+            QTest::newRow(rowName(theme, color)) << QString(theme) << color;
     }
 }
 
