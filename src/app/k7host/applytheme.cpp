@@ -15,7 +15,7 @@ std::optional<Fault> applyTheme(const QString &dir)
 {
     Theme theme;
     QApplication::setStyle(QStringLiteral("Fusion"));
-    if (const auto fault = readTheme(dir, &theme))
+    if (auto fault = readTheme(dir, &theme))
         return fault;
     Korvo::Utils::Icon::setThemePaths(theme.folders);
     QApplication::setPalette(theme.palette);

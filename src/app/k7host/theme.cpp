@@ -79,9 +79,9 @@ std::optional<Fault> Description::read(const QString &dir)
     QSettings file(descriptionFile(dir), QSettings::IniFormat);
     if (file.status() != QSettings::NoError)
         return unreadable(QStringLiteral("description"), file.fileName(), QStringLiteral("not an INI file"));
-    if (const auto fault = readColors(&file))
+    if (auto fault = readColors(&file))
         return fault;
-    if (const auto fault = readRoles(&file, QStringLiteral("Palette"), &m_roles))
+    if (auto fault = readRoles(&file, QStringLiteral("Palette"), &m_roles))
         return fault;
     return readRoles(&file, QStringLiteral("DisabledPalette"), &m_disabledRoles);
 }
@@ -184,10 +184,10 @@ std::optional<Fault> readTheme(const QString &dir, Theme *theme)
 
     Description description;
     for (auto folder = read.folders.crbegin(); folder != read.folders.crend(); ++folder) {
-        if (const auto fault = description.read(*folder))
+        if (auto fault = description.read(*folder))
             return fault;
     }
-    if (const auto fault = readStyleSheet(read.folders, description.colors(), &read.styleSheet))
+    if (auto fault = readStyleSheet(read.folders, description.colors(), &read.styleSheet))
         return fault;
     const QFileInfo images(findFile(read.folders, QStringLiteral("images")));
     if (!images.isDir() || !images.isReadable()) {

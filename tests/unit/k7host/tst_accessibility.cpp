@@ -188,7 +188,7 @@ QString sectionOf(const QWidget *widget)
 {
     for (const QWidget *around = widget; around; around = around->parentWidget()) {
         const QString name = QString::fromLatin1(around->metaObject()->className());
-        const QString section = name.section(QLatin1String("::"), -1);
+        QString section = name.section(QLatin1String("::"), -1);
         if (section.endsWith(QLatin1String("KeyboardFrame")) ||
             section == QLatin1String("ConsoleFloatWidget") || section == QLatin1String("HardwarePanel"))
             return section;

@@ -9,7 +9,6 @@
 #include <consolewindow.h>
 #include <hostsettings.h>
 #include <hostwindow.h>
-#include <scaledview.h>
 
 #include <QAction>
 #include <QApplication>
@@ -35,7 +34,6 @@ using K7Host::FakeKeyboardPlugin;
 using K7Host::FakeLanguagePlugin;
 using K7Host::HostSettings;
 using K7Host::HostWindow;
-using K7Host::ScaledView;
 
 class tst_HostWindow : public QObject
 {
