@@ -20,7 +20,7 @@ namespace K7Host {
 namespace {
 
 constexpr qreal LargestFactor = 4;
-constexpr int Gap = 16; // between the halves, at their native size
+constexpr int GapOfHalves = 16; // between the halves, at their native size
 
 } // namespace
 
@@ -73,10 +73,11 @@ void KioskWindow::fill(const QRect &place)
 
 void KioskWindow::placeViews()
 {
-    QSize needed(0, -Gap);
+    QSize needed(0, -GapOfHalves);
     for (const ScaledView *view : qAsConst(m_views)) {
         const QSize native = view->nativeSize();
-        needed = QSize(std::max(needed.width(), native.width()), needed.height() + Gap + native.height());
+        needed =
+            QSize(std::max(needed.width(), native.width()), needed.height() + GapOfHalves + native.height());
     }
     if (needed.isEmpty())
         return;
@@ -85,7 +86,7 @@ void KioskWindow::placeViews()
     for (ScaledView *view : qAsConst(m_views)) {
         view->setFactor(factor);
         view->move((width() - view->width()) / 2, qRound(top));
-        top += (view->nativeSize().height() + Gap) * factor;
+        top += (view->nativeSize().height() + GapOfHalves) * factor;
     }
 }
 
@@ -137,7 +138,7 @@ QImage Kiosk::picture(qreal factor) const
     QSizeF size(0, 0);
     for (const Half &half : m_halves) {
         const QSizeF console = half.console->size();
-        const qreal gap = size.isEmpty() ? 0 : Gap;
+        const qreal gap = size.isEmpty() ? 0 : GapOfHalves;
         size = QSizeF(size.width() + gap + console.width(), std::max(size.height(), console.height()));
     }
     QImage image((size * factor).toSize(), QImage::Format_RGB32);
@@ -146,7 +147,7 @@ QImage Kiosk::picture(qreal factor) const
     painter.scale(factor, factor);
     for (const Half &half : m_halves) {
         painter.drawImage(QRectF({}, half.console->size()), half.console->picture(factor));
-        painter.translate(half.console->width() + Gap, 0);
+        painter.translate(half.console->width() + GapOfHalves, 0);
     }
     return image;
 }
