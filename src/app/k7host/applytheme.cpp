@@ -14,9 +14,10 @@ namespace K7Host {
 std::optional<Fault> applyTheme(const QString &dir)
 {
     Theme theme;
-    QApplication::setStyle(QStringLiteral("Fusion"));
     if (auto fault = readTheme(dir, &theme))
         return fault;
+    if (qApp->styleSheet().isEmpty()) // the first time; it takes as long as all the rest
+        QApplication::setStyle(QStringLiteral("Fusion"));
     Korvo::Utils::Icon::setThemePaths(theme.folders);
     QApplication::setPalette(theme.palette);
     qApp->setStyleSheet(theme.styleSheet);

@@ -128,6 +128,14 @@ bool HostWindow::eventFilter(QObject *watched, QEvent *event)
     return QMainWindow::eventFilter(watched, event);
 }
 
+bool HostWindow::event(QEvent *event)
+{
+    const bool isHandled = QMainWindow::event(event);
+    if (event->type() == QEvent::WindowUnblocked)
+        fit(); // what had to wait for the box
+    return isHandled;
+}
+
 void HostWindow::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::WindowStateChange)
@@ -191,7 +199,7 @@ void HostWindow::takeScreenshot()
     // As it is now, without the dialog that asks for a name.
     const QImage picture = m_console->picture(1);
     const QString name =
-        QDateTime::currentDateTime().toString(QStringLiteral("'console-'yyyyMMdd-HHmmss'.png'"));
+        QDateTime::currentDateTime().toString(QStringLiteral("'console-'yyyyMMdd-HHmmss-zzz'.png'"));
     if (!m_screenshotDir.isEmpty())
         return saveScreenshotAs(picture, QDir(m_screenshotDir).absoluteFilePath(name));
     auto *dialog = new QFileDialog(this, QStringLiteral("Save screenshot"));

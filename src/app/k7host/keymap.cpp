@@ -196,6 +196,13 @@ void KeyMap::showEvent(QShowEvent *event)
     QGraphicsView::showEvent(event);
 }
 
+void KeyMap::changeEvent(QEvent *event)
+{
+    QGraphicsView::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        drawHalves();
+}
+
 void KeyMap::wheelEvent(QWheelEvent *event)
 {
     if (!event->modifiers().testFlag(Qt::ControlModifier))

@@ -110,6 +110,10 @@ Kiosk::Kiosk(const QList<QWeakPointer<Korvo::IKorvoECKeyboard>> &halves, qreal s
         });
         m_halves.push_back({std::move(console), std::move(window), view});
     }
+    if (m_halves.size() > 1) {
+        m_halves.front().view->setNeighbor(m_halves.back().view);
+        m_halves.back().view->setNeighbor(m_halves.front().view);
+    }
     m_settling.setSingleShot(true);
     m_settling.setInterval(0);
     connect(&m_settling, &QTimer::timeout, this, &Kiosk::arrangeOnScreens);

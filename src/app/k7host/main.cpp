@@ -228,6 +228,8 @@ int showConsole(int argc, char *argv[], const Options &options)
     if (!scenario.isTrace())
         session.start();
     followScenario(&instruments, &session, options, scenario.isTrace());
+    if (session.halves().isEmpty())
+        return report({ExitPluginUnusable, QStringLiteral("the plug-in supplies no console halves")});
 
     const Parts parts{options, &settings, themeDir, &session, &processor, &language, &instruments};
     const int exitCode = options.kiosk ? runAsKiosk(parts) : runInWindow(parts);

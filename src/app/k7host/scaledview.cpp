@@ -4,13 +4,32 @@
 #include "scaledview.h"
 
 #include "scaledviewaccessible.h"
-#include "touchproxy.h"
 
 #include <QCoreApplication>
 #include <QEvent>
 #include <QGraphicsScene>
 
 namespace K7Host {
+
+namespace {
+
+/// The first or last widget of a window that Tab stops at, null when there is none.
+QWidget *endOfTabs(const QWidget *window, bool isFirst)
+{
+    QWidget *end = nullptr;
+    for (QWidget *widget = window->nextInFocusChain(); widget != window;
+         widget = widget->nextInFocusChain()) {
+        const bool isStop = (widget->focusPolicy() & Qt::TabFocus) && widget->isVisible() &&
+                            widget->isEnabled() && !widget->focusProxy();
+        if (isStop && isFirst)
+            return widget;
+        if (isStop)
+            end = widget;
+    }
+    return end;
+}
+
+} // namespace
 
 ScaledView::ScaledView(QWidget *window, qreal factor)
     : QGraphicsView(new QGraphicsScene)
@@ -36,6 +55,8 @@ ScaledView::ScaledView(QWidget *window, qreal factor)
         followSize();
         emit nativeSizeChanged();
     });
+    connect(m_proxy, &TouchProxy::tabbedOut, this,
+            [this](bool forwards) { (m_neighbor ? m_neighbor.data() : this)->enterByTab(forwards); });
     setFactor(factor);
     m_proxy->setFocus();
 }
@@ -76,6 +97,14 @@ bool ScaledView::viewportEvent(QEvent *event)
     if (event->type() == QEvent::TouchCancel)
         return scene()->sendEvent(m_proxy, event);
     return QGraphicsView::viewportEvent(event);
+}
+
+void ScaledView::enterByTab(bool forwards)
+{
+    activateWindow();
+    setFocus();
+    if (QWidget *stop = endOfTabs(m_proxy->widget(), forwards))
+        stop->setFocus(forwards ? Qt::TabFocusReason : Qt::BacktabFocusReason);
 }
 
 void ScaledView::followSize()

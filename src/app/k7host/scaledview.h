@@ -3,8 +3,10 @@
 
 #pragma once
 
-#include <QGraphicsProxyWidget>
+#include "touchproxy.h"
+
 #include <QGraphicsView>
+#include <QPointer>
 
 namespace K7Host {
 
@@ -30,6 +32,10 @@ public:
     qreal factor() const { return m_factor; }
     void setFactor(qreal factor);
 
+    /// Where Tab goes on behind the last widget, and Backtab before the first; it goes round in this view
+    /// without one.
+    void setNeighbor(ScaledView *view) { m_neighbor = view; }
+
 Q_SIGNALS:
     /// The window has taken another size.
     void nativeSizeChanged();
@@ -40,9 +46,11 @@ protected:
 
 private:
     void followSize();
+    void enterByTab(bool forwards);
 
     qreal m_factor;
-    QGraphicsProxyWidget *const m_proxy; // owned by the scene
+    TouchProxy *const m_proxy; // owned by the scene
+    QPointer<ScaledView> m_neighbor;
 };
 
 } // namespace K7Host

@@ -38,7 +38,8 @@ QString nameOf(const QString &dir)
 {
     return QSettings(descriptionFile(dir), QSettings::IniFormat)
         .value(QStringLiteral("Theme/Name"), QDir(dir).dirName())
-        .toString();
+        .toStringList()
+        .join(QLatin1String(", ")); // a comma makes a list of it
 }
 
 /// In the first folder that holds it.

@@ -46,4 +46,13 @@ bool TouchProxy::event(QEvent *event)
     }
 }
 
+bool TouchProxy::focusNextPrevChild(bool next)
+{
+    const QWidget *before = widget()->focusWidget();
+    QGraphicsProxyWidget::focusNextPrevChild(next);
+    if (widget()->focusWidget() == before)
+        emit tabbedOut(next);
+    return true;
+}
+
 } // namespace K7Host

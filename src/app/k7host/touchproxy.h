@@ -19,8 +19,13 @@ class TouchProxy : public QGraphicsProxyWidget
 public:
     explicit TouchProxy(QWidget *widget);
 
+Q_SIGNALS:
+    /// Tab, or Backtab, has gone past the last widget.
+    void tabbedOut(bool forwards);
+
 protected:
     bool event(QEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
     Korvo::EC::TouchRouter m_router;

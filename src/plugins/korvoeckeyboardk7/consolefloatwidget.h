@@ -22,6 +22,7 @@
 #include <optional>
 
 QT_BEGIN_NAMESPACE
+class QAbstractButton;
 class QButtonGroup;
 class QLineEdit;
 class QPushButton;
@@ -188,7 +189,7 @@ private:
     void hideUnusedSettings();
     void setMarkers();
     void nameControls();
-    void nameScreenButton(int id);
+    void nameScreenButton(QAbstractButton *button);
 
     QVariant stored(const QString &key, const QVariant &fallback) const;
     void store(const QString &key, const QVariant &value);

@@ -5,7 +5,10 @@
 
 #include "ui_consolefloatwidget.h"
 
+#include <QAbstractSlider>
+#include <QAbstractSpinBox>
 #include <QButtonGroup>
+#include <QLineEdit>
 
 namespace Korvo::Internal {
 
@@ -15,6 +18,27 @@ namespace {
 QString nameIn(const QLabel *section, const QString &caption)
 {
     return QStringLiteral("%1: %2").arg(section->text(), caption);
+}
+
+// The parts are what takes the focus. The widget's own operations, so that any build of the kit will do.
+
+void nameEditor(QWidget *editor, const QString &name)
+{
+    editor->setAccessibleName(name);
+    const auto sliders = editor->findChildren<QAbstractSlider *>();
+    for (QWidget *slider : sliders)
+        slider->setAccessibleName(name);
+    const auto fields = editor->findChildren<QAbstractSpinBox *>();
+    for (QWidget *field : fields)
+        field->setAccessibleName(name);
+}
+
+void nameOctets(QWidget *address, const QString &name)
+{
+    address->setAccessibleName(name);
+    const auto octets = address->findChildren<QLineEdit *>();
+    for (int i = 0; i < octets.size(); ++i)
+        octets.at(i)->setAccessibleName(QStringLiteral("%1 %2").arg(name, QString::number(i + 1)));
 }
 
 } // namespace
@@ -28,15 +52,15 @@ void ConsoleFloatWidget::nameControls()
     ui->label_screenNumber->setBuddy(ui->screenNumberCombox);
     ui->label_currentPanel->setBuddy(ui->currentPanelCheckBox);
 
-    ui->widget_groosen->setAccessibleName(nameIn(ui->label_groosen, ui->label_groosenBrightness->text()));
-    ui->widget_front->setAccessibleName(nameIn(ui->label_front, ui->label_frontBrightness->text()));
-    ui->widget_lcd->setAccessibleName(ui->label_lcd->text());
+    nameEditor(ui->widget_groosen, nameIn(ui->label_groosen, ui->label_groosenBrightness->text()));
+    nameEditor(ui->widget_front, nameIn(ui->label_front, ui->label_frontBrightness->text()));
+    nameEditor(ui->widget_lcd, ui->label_lcd->text());
     ui->screenScrollArea->setAccessibleName(ui->label_peripheral->text());
-    ui->spinBox_width->setAccessibleName(nameIn(ui->label_resolution, ui->label_width->text()));
-    ui->spinBox_height->setAccessibleName(nameIn(ui->label_resolution, ui->label_height->text()));
-    ui->lineEdit_IP->setAccessibleName(ui->label_ip->text());
-    ui->lineEdit_mask->setAccessibleName(ui->label_mask->text());
-    ui->lineEdit_gateWay->setAccessibleName(ui->label_gateWay->text());
+    nameEditor(ui->spinBox_width, nameIn(ui->label_resolution, ui->label_width->text()));
+    nameEditor(ui->spinBox_height, nameIn(ui->label_resolution, ui->label_height->text()));
+    nameOctets(ui->lineEdit_IP, ui->label_ip->text());
+    nameOctets(ui->lineEdit_mask, ui->label_mask->text());
+    nameOctets(ui->lineEdit_gateWay, ui->label_gateWay->text());
     ui->toolButton->setAccessibleName(ui->label_date->text());
     ui->timeWidget->setAccessibleName(ui->label_timeOfDay->text());
 
@@ -44,14 +68,14 @@ void ConsoleFloatWidget::nameControls()
     ui->pushButton_apply->setAccessibleName(nameIn(ui->label_network, ui->pushButton_apply->text()));
     ui->pushButton_time->setAccessibleName(nameIn(ui->label_timeSetting, ui->pushButton_time->text()));
 
-    const int screens = m_pScreenButtonGroup->buttons().size();
-    for (int id = 0; id < screens; ++id)
-        nameScreenButton(id);
+    const auto screens = m_pScreenButtonGroup->buttons();
+    for (QAbstractButton *screen : screens)
+        nameScreenButton(screen);
 }
 
-void ConsoleFloatWidget::nameScreenButton(int id)
+void ConsoleFloatWidget::nameScreenButton(QAbstractButton *button)
 {
-    m_pScreenButtonGroup->button(id)->setAccessibleName(tr("Screen %1").arg(id + 1));
+    button->setAccessibleName(tr("Screen %1").arg(m_pScreenButtonGroup->id(button) + 1));
 }
 
 } // namespace Korvo::Internal

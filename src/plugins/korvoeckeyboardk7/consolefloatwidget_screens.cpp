@@ -91,7 +91,7 @@ void ConsoleFloatWidget::addScreenButton()
     button->setProperty(ScreenFrame, ScreenButtonSize);
     button->setFixedSize(64, 36);
     m_pScreenButtonGroup->addButton(button, id);
-    nameScreenButton(id);
+    nameScreenButton(button);
     new ChoiceKeys(button);
     layout->insertWidget(layout->count() - 1, button);
     QWidget *before = ui->screenNumberCombox; // which takes the focus: Qt passes over others

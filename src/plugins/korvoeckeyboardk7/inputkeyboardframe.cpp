@@ -43,7 +43,7 @@ void InputKeyboardFramePrivate::createWidgets()
     appendKeys(&m_pECButtons, ui->inputButtonGroup);
     m_pECButtons << ui->pageUpToolButton << ui->pageDownToolButton;
     appendLabels(&m_pECTexts, ui->frame_20);
-    disableExtension(ui->inputExtendToolButton, QStringLiteral("INPUT EXTENSION"));
+    leaveOutOfTabOrder(ui->inputExtendToolButton, QStringLiteral("INPUT EXTENSION"));
 }
 
 void InputKeyboardFramePrivate::createConnects()

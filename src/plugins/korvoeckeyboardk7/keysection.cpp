@@ -67,7 +67,7 @@ void letGoOfKeys(QWidget *keyboard)
     keyboard->hide();
 }
 
-void disableExtension(QWidget *button, const QString &name)
+void leaveOutOfTabOrder(QWidget *button, const QString &name)
 {
     button->setFocusPolicy(Qt::NoFocus);
     button->setAccessibleName(name);

@@ -67,7 +67,7 @@ void connectKey(const QAbstractButton *key, const Receiver *receiver, void (Rece
 }
 
 /// Takes \a button, which does nothing, out of the way of the keyboard; \a name is what it is told as.
-void disableExtension(QWidget *button, const QString &name);
+void leaveOutOfTabOrder(QWidget *button, const QString &name);
 
 /// Appends the buttons of \a group in the group's order. A button that is no key leaves a null entry.
 void appendKeys(KeyList *keys, const QButtonGroup *group);

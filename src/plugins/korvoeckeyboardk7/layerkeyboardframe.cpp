@@ -58,7 +58,7 @@ void LayerKeyboardFramePrivate::createWidgets()
                  << ui->pageUpToolButton << ui->pageDownToolButton;
     appendLabels(&m_pECTexts, ui->frame_18);
     appendLabels(&m_pECTexts, ui->frame);
-    disableExtension(ui->layerExtendToolButton, QStringLiteral("LAYER EXTENSION"));
+    leaveOutOfTabOrder(ui->layerExtendToolButton, QStringLiteral("LAYER EXTENSION"));
 }
 
 void LayerKeyboardFramePrivate::createConnects()

@@ -67,8 +67,8 @@ void PresetKeyboardFramePrivate::createWidgets()
     // Two labels have no number. They read as 0, which a label of the grid has and takes first.
     appendLabels(&m_pECTexts, ui->frame_22);
     appendLabels(&m_pECTexts, ui->frame_2);
-    disableExtension(ui->presetExtendToolButton1, QStringLiteral("PRESET EXTENSION 1"));
-    disableExtension(ui->presetExtendToolButton2, QStringLiteral("PRESET EXTENSION 2"));
+    leaveOutOfTabOrder(ui->presetExtendToolButton1, QStringLiteral("PRESET EXTENSION 1"));
+    leaveOutOfTabOrder(ui->presetExtendToolButton2, QStringLiteral("PRESET EXTENSION 2"));
 }
 
 void PresetKeyboardFramePrivate::createConnects()

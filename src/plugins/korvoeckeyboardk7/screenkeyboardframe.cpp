@@ -56,7 +56,7 @@ void ScreenKeyboardFramePrivate::createWidgets()
                  << ui->matchPGMToolButton << ui->ftbToolButton << ui->reserved_1_ToolButton;
     appendLabels(&m_pECTexts, ui->frameSelectMode);
     nameKeys();
-    disableExtension(ui->screenExtendToolButton, QStringLiteral("SCREEN EXTENSION"));
+    leaveOutOfTabOrder(ui->screenExtendToolButton, QStringLiteral("SCREEN EXTENSION"));
 }
 
 // This form gives no key the console's name, as the others do; the commands have their texts.

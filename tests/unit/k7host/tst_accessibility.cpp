@@ -594,13 +594,7 @@ void tst_Accessibility::tabReachesEveryControlOfThePanelAndShowsIt()
     }
     QVERIFY(wanted.size() > 30);
 
-    // In a view the way backwards ends at the first key; in a window it goes on from the end.
-    if (key == Qt::Key_Backtab && factor < 1)
-        console.panel()
-            ->findChild<QWidget *>(QStringLiteral("pushButton_time"))
-            ->setFocus(Qt::TabFocusReason);
-    else
-        console.keys().constFirst()->setFocus();
+    console.keys().constFirst()->setFocus();
     QSet<QWidget *> reached;
     QStringList hidden;
     QVector<int> tops; // in the order of the focus
@@ -612,8 +606,6 @@ void tst_Accessibility::tabReachesEveryControlOfThePanelAndShowsIt()
                 hidden << described(QAccessible::queryAccessibleInterface(focused));
         }
         console.type(Qt::Key(key));
-        if (!console.focused()) // past the end of a view, which is its own window
-            console.type(Qt::Key(key));
         QVERIFY(console.focused());
     }
     if (key == Qt::Key_Backtab)

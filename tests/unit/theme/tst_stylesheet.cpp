@@ -145,6 +145,7 @@ private slots:
     void initTestCase();
     void everyMarkerHasARule();
     void noRuleIsForNothing();
+    void noColorIsInTheSheetItself();
     void fewRulesAreTriedOnAKey();
 
 private:
@@ -271,6 +272,15 @@ void tst_StyleSheet::fewRulesAreTriedOnAKey()
         count += isKeys && match.captured(2).isEmpty() ? 1 : 0;
     }
     QVERIFY2(count >= 10 && count <= 18, qPrintable(QString::number(count)));
+}
+
+void tst_StyleSheet::noColorIsInTheSheetItself()
+{
+    QFile sheet(QStringLiteral(KORVO_THEME "/console.qss"));
+    QVERIFY(sheet.open(QIODevice::ReadOnly));
+    const QRegularExpression color(QStringLiteral(":[^;{]*(#[0-9a-fA-F]{3}|rgba?\\(|hsva?\\()[^;]*;"));
+    QCOMPARE(color.match(QString::fromUtf8(sheet.readAll())).captured(), QString());
+    QVERIFY(color.match(QStringLiteral("QLabel { color: #123456; }")).hasMatch());
 }
 
 QTEST_MAIN(tst_StyleSheet)

@@ -5,6 +5,7 @@
 
 #include "k7dropbutton.h"
 
+#include <QApplication>
 #include <QRegularExpression>
 
 namespace Korvo::EC {
@@ -39,6 +40,13 @@ QString lightOfColor(const QString &color)
     if (color == QLatin1String("white") || color == QLatin1String("black"))
         return K7DropButton::tr("unlit");
     return QString();
+}
+
+/// Whether a message box or the like has to be answered first.
+bool isBlocked(const K7DropButton *key)
+{
+    const QWidget *modal = QApplication::activeModalWidget();
+    return modal && modal != key->window() && !modal->isAncestorOf(key);
 }
 
 QAccessibleInterface *createKey(const QString &, QObject *object)
@@ -102,7 +110,7 @@ void K7DropButtonAccessible::doAction(const QString &name)
 {
     if (name != pressAction())
         QAccessibleWidget::doAction(name);
-    else if (m_key->isVisible())
+    else if (m_key->isVisible() && !isBlocked(m_key))
         m_key->click();
 }
 

@@ -74,6 +74,11 @@ void Icon::setThemePaths(const QStringList &paths)
     reported().clear();
 }
 
+void Icon::setThemePath(const QString &path)
+{
+    setThemePaths(path.isEmpty() ? QStringList() : QStringList(path));
+}
+
 QString Icon::imageFileName(const QString &name, const QString &variant)
 {
     QString path = findImage(name, variant);

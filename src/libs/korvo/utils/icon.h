@@ -24,6 +24,9 @@ public:
     /// "theme:<file>", in style sheets too.
     static void setThemePaths(const QStringList &paths);
 
+    /// The same with one folder; an empty \a path is none.
+    static void setThemePath(const QString &path);
+
     /// The picture \a name, of its \a variant when that is not empty: "theme:images/...", which stays good
     /// when the theme changes.
     /// An unknown name gives an empty text, and a warning the first time that this name and variant are asked

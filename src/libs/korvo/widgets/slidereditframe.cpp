@@ -43,7 +43,6 @@ public:
     void addParts();
     QToolButton *addButton(const QString &text, const QString &name, int direction);
     void arrange();
-    void nameParts();
 
     void setRange(int minimum, int maximum);
     void apply(int asked);
@@ -270,13 +269,6 @@ void SliderEditFramePrivate::arrange()
     q->setFocusProxy(hasSlider ? static_cast<QWidget *>(slider) : editor);
 }
 
-void SliderEditFramePrivate::nameParts()
-{
-    const QString name = q->accessibleName().isEmpty() ? label->text() : q->accessibleName();
-    slider->setAccessibleName(name);
-    editor->setAccessibleName(name);
-}
-
 void SliderEditFramePrivate::setRange(int minimum, int maximum)
 {
     {
@@ -419,19 +411,14 @@ void SliderEditFrame::setHorizontalSpacing(const int &beforeSlider, const int &a
 void SliderEditFrame::setLabelText(const QString &text)
 {
     d->label->setText(text);
-    d->nameParts();
+    d->slider->setAccessibleName(text);
+    d->editor->setAccessibleName(text);
     d->arrange();
 }
 
 QString SliderEditFrame::labelText() const
 {
     return d->label->text();
-}
-
-void SliderEditFrame::setAccessibleName(const QString &name)
-{
-    QFrame::setAccessibleName(name);
-    d->nameParts();
 }
 
 void SliderEditFrame::setValue(int value)

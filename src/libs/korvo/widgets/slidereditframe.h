@@ -58,9 +58,6 @@ public:
     void setLabelText(const QString &text);
     QString labelText() const;
 
-    /// What assistive technology calls the slider and the field; empty, they are called as the label.
-    void setAccessibleName(const QString &name);
-
 public Q_SLOTS:
     /// A value outside of the range goes to the nearer end. A number that is being typed is dropped when the
     /// value changes.

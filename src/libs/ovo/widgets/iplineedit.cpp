@@ -78,7 +78,6 @@ public:
     }
 
     void addOctets();
-    void nameOctets();
     Octet *enter(int index, Arrival arrival);
     void fill(const QStringList &texts);
     void announceText();
@@ -129,6 +128,7 @@ Octet::Octet(int index, IPLineEditPrivate *editor)
     , m_editor(editor)
 {
     setObjectName(QStringLiteral("octet_%1").arg(index + 1));
+    setAccessibleName(IPLineEdit::tr("Octet %1").arg(index + 1));
     setValidator(new QRegularExpressionValidator(octetPattern(), this));
     setAlignment(Qt::AlignCenter);
     setFrame(false);
@@ -266,14 +266,6 @@ void IPLineEditPrivate::addOctets()
         QObject::connect(octets[i], &QLineEdit::textChanged, q, [this] { announceText(); });
         QObject::connect(octets[i], &QLineEdit::returnPressed, q, &IPLineEdit::editingFinished);
     }
-    nameOctets();
-}
-
-void IPLineEditPrivate::nameOctets()
-{
-    const QString name = q->accessibleName().isEmpty() ? IPLineEdit::tr("Octet") : q->accessibleName();
-    for (int i = 0; i < octetCount; ++i)
-        octets[i]->setAccessibleName(QStringLiteral("%1 %2").arg(name, QString::number(i + 1)));
 }
 
 // Puts the focus on an octet; null when there is none with that index.
@@ -368,12 +360,6 @@ QString IPLineEdit::text() const
 void IPLineEdit::setText(const QString &text)
 {
     d->fill(octetsOf(text));
-}
-
-void IPLineEdit::setAccessibleName(const QString &name)
-{
-    QFrame::setAccessibleName(name);
-    d->nameOctets();
 }
 
 void IPLineEdit::setIPFocus()

@@ -39,9 +39,6 @@ public:
     /// Shows the address \a text, without leading zeros. What is no IPv4 address empties all octets.
     void setText(const QString &text);
 
-    /// What assistive technology calls the octets, with their numbers behind.
-    void setAccessibleName(const QString &name);
-
     /// Puts the focus on the first octet, with all of it selected.
     void setIPFocus();
 

@@ -161,7 +161,7 @@ void tst_Icon::aThemeFolderMayBeNamedInAnyWay_data()
 void tst_Icon::aThemeFolderMayBeNamedInAnyWay()
 {
     QFETCH(QString, themePath);
-    Icon::setThemePaths({themePath});
+    Icon::setThemePath(themePath);
     const QFileInfo picture(Icon::imageFileName(QStringLiteral("vector"), QString()));
     QCOMPARE(picture.absoluteFilePath(), imagePath(QStringLiteral("vector.svg")));
 }
@@ -236,7 +236,7 @@ void tst_Icon::withoutAThemeEveryNameIsUnknown()
     const QString previous = QDir::currentPath();
     QVERIFY(QDir::setCurrent(m_theme));
 
-    Icon::setThemePaths({});
+    Icon::setThemePath(QString());
     const WarningCounter warnings;
     const QString below = Icon::imageFileName(QStringLiteral("vector"), QString());
     const QString atRoot = Icon::imageFileName(name, folder);
