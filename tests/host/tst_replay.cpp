@@ -10,6 +10,7 @@
 #include <hand.h>
 #include <hostsettings.h>
 #include <inputrecorder.h>
+#include <kineticscroller.h>
 #include <pluginhost.h>
 #include <scaledview.h>
 #include <traffic.h>
@@ -118,6 +119,7 @@ public:
         window->findChild<Korvo::Widgets::TumblerTime *>()->setSec(30);
         if (factor < 1)
             view.reset(new ScaledView(window.data(), factor));
+        new KineticScroller(window.data()); // what it takes is not recorded
         shown()->show();
     }
 

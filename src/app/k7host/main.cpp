@@ -13,6 +13,7 @@
 #include "hostwindow.h"
 #include "instruments.h"
 #include "keypadtrigger.h"
+#include "kineticscroller.h"
 #include "kiosk.h"
 #include "logging.h"
 #include "options.h"
@@ -107,11 +108,18 @@ void finishStart(const Parts &parts, const Picture &picture)
         QCoreApplication::exit(ExitDone);
 }
 
-/// The keypad sees input before those who note it.
-void keepKeypadFirst(KeypadTrigger *keypad, const Parts &parts)
+/// Sees input before those who note it, and before those that were kept first until now.
+void keepFirst(QObject *filter, const Parts &parts)
 {
-    QObject::connect(parts.instruments, &Instruments::inspectingChanged, keypad,
-                     [keypad] { qApp->installEventFilter(keypad); });
+    QObject::connect(parts.instruments, &Instruments::inspectingChanged, filter,
+                     [filter] { qApp->installEventFilter(filter); });
+}
+
+/// What a desk of glass has beside its keys. All are children of the console.
+void addTouchAids(ConsoleWindow *console, const Parts &parts)
+{
+    keepFirst(new KeypadTrigger(console), parts);
+    keepFirst(new KineticScroller(console), parts);
 }
 
 int runUntilAsked()
@@ -124,8 +132,7 @@ int runInWindow(const Parts &parts)
 {
     ConsoleWindow console(parts.session->halves());
     join(&console, parts.processor);
-    KeypadTrigger keypad(&console);
-    keepKeypadFirst(&keypad, parts);
+    addTouchAids(&console, parts);
     HostWindow window(&console, parts.settings);
     window.addLanguages(parts.language);
     window.addThemes(parts.themeDir);
@@ -149,7 +156,7 @@ int runAsKiosk(const Parts &parts)
     const QList<ConsoleWindow *> consoles = kiosk.consoles();
     for (ConsoleWindow *console : consoles) {
         join(console, parts.processor);
-        keepKeypadFirst(new KeypadTrigger(console), parts);
+        addTouchAids(console, parts);
     }
     makeQuitAction(kiosk.mainWindow());
     makeNextLanguageAction(parts.language, kiosk.mainWindow());
