@@ -235,6 +235,9 @@ void tst_StyleSheet::noRuleIsForNothing()
     host.addLanguages(console.language.data());
     PowerCover cover;
     Inspector inspector(console.session->halves());
+    // As while a finger is on them.
+    console.panel()->findChild<QComboBox *>()->setProperty("isTouched", true);
+    console.panel()->findChild<QSlider *>()->setProperty("isTouched", true);
     const QList<QWidget *> all = allWidgets();
     QVERIFY(all.size() > 500);
 
