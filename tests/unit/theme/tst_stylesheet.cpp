@@ -16,11 +16,13 @@
 #include <ovo/widgets/framelessmessagebox.h>
 
 #include <QBoxLayout>
+#include <QComboBox>
 #include <QDirIterator>
 #include <QLoggingCategory>
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QSet>
+#include <QSlider>
 
 using namespace K7Host;
 
