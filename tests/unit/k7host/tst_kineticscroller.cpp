@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The K7 keyboard authors
 // SPDX-License-Identifier: MIT
 
+// clazy:excludeall=lambda-in-connect (what is captured outlives the connections)
+
 #include "../korvoeckeyboardk7/fingers.h"
 #include "wholeconsole.h"
 
