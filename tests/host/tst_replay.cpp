@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The K7 keyboard authors
 // SPDX-License-Identifier: MIT
 
+#include "../unit/k7host/stillstyle.h"
 #include "../unit/korvoeckeyboardk7/fingers.h"
 
 #include <applytheme.h>
@@ -26,7 +27,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLoggingCategory>
-#include <QProxyStyle>
 #include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -57,22 +57,6 @@ public:
     void clockSet(const QString &, const QString &) override {}
     void timeTypeChanged(int) override {}
     void restartRequested(quint8) override {}
-};
-
-/// What a control is depends on what was done, never on when.
-class StillStyle : public QProxyStyle
-{
-public:
-    StillStyle()
-        : QProxyStyle(QStringLiteral("Fusion"))
-    {
-    }
-
-    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
-                  QStyleHintReturn *data) const override
-    {
-        return hint == SH_Widget_Animation_Duration ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
-    }
 };
 
 /// Input and signals, in order, without what the console asks for every ten seconds.

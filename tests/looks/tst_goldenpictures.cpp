@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "picturefolder.h"
+#include "stillstyle.h"
 #include "wholeconsole.h"
 
 #include <applytheme.h>
@@ -21,7 +22,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLoggingCategory>
-#include <QProxyStyle>
 #include <QRawFont>
 #include <QtEndian>
 
@@ -44,22 +44,6 @@ QTime fixedTime()
 {
     return {10, 8, 30};
 }
-
-/// Nothing on the way from one look to the other.
-class StillStyle : public QProxyStyle
-{
-public:
-    StillStyle()
-        : QProxyStyle(QStringLiteral("Fusion"))
-    {
-    }
-
-    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
-                  QStyleHintReturn *data) const override
-    {
-        return hint == SH_Widget_Animation_Duration ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
-    }
-};
 
 /// The revision of the font file, 16 bits before the point and 16 after it.
 quint32 fontRevision(const QFont &font)

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The K7 keyboard authors
 // SPDX-License-Identifier: MIT
 
+#include "stillstyle.h"
 #include "wholeconsole.h"
 
 #include <applytheme.h>
@@ -25,7 +26,6 @@
 #include <QLineEdit>
 #include <QLoggingCategory>
 #include <QMenu>
-#include <QProxyStyle>
 #include <QScrollBar>
 #include <QSlider>
 #include <QSpinBox>
@@ -108,22 +108,6 @@ public:
 private:
     int m_count = 0;
     QStringList m_small;
-};
-
-/// Nothing on the way from one look to the other.
-class StillStyle : public QProxyStyle
-{
-public:
-    StillStyle()
-        : QProxyStyle(QStringLiteral("Fusion"))
-    {
-    }
-
-    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
-                  QStyleHintReturn *data) const override
-    {
-        return hint == SH_Widget_Animation_Duration ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
-    }
 };
 
 /// Pixels that tell two pictures of one size apart at a glance.
