@@ -3,6 +3,7 @@
 
 #include "kineticscroller.h"
 
+#include "glide.h"
 #include "inputevents.h"
 
 #include <korvo/widgets/switchcontrol.h>
@@ -15,7 +16,6 @@
 #include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QScroller>
 #include <QSlider>
 #include <QStyle>
 #include <QStyleOptionSlider>
@@ -25,26 +25,7 @@ namespace K7Host {
 
 namespace {
 
-constexpr qreal GlideDeceleration = 0.3; // metres per second, each second
-constexpr qreal GlideRange = 1e6;        // pixels; the ends are the scroll bar's
-constexpr int SpeedMemoryMs = 150;       // what a finger did before does not count
-
-/// Where a finger was along the scroll bar.
-struct Sample
-{
-    int place; // pixels
-    qint64 ms;
-};
-
-QScrollBar *barOf(const QScrollArea *area, Qt::Orientation orientation)
-{
-    return orientation == Qt::Vertical ? area->verticalScrollBar() : area->horizontalScrollBar();
-}
-
-int along(Qt::Orientation orientation, const QPoint &place)
-{
-    return orientation == Qt::Vertical ? place.y() : place.x();
-}
+constexpr int SpeedMemoryMs = 150; // what a finger did before does not count
 
 bool isViewport(const QWidget *widget)
 {
@@ -127,100 +108,6 @@ void markTouched(QWidget *widget, bool isTouched)
     widget->style()->polish(widget);
 }
 
-/// Moves a page on that a finger has let go of. How, is QScroller's business.
-class Glide : public QObject
-{
-public:
-    Glide();
-
-    /// Whether \a widget is in the area that moves, if any.
-    bool moves(const QWidget *widget) const;
-    void start(QScrollArea *area, Qt::Orientation orientation, const QVector<Sample> &samples);
-    void stop();
-
-    bool event(QEvent *event) override;
-
-private:
-    QPointF position(const Sample &sample) const;
-    void moveTo(const QPointF &position);
-
-    QScroller *const m_scroller;  // goes with this object
-    QPointer<QScrollArea> m_area; // none when nothing moves
-    Qt::Orientation m_orientation = Qt::Vertical;
-    int m_start = 0; // values of the scroll bar: as it was let go of,
-    int m_last = 0;  // and as it was set
-};
-
-Glide::Glide()
-    : m_scroller(QScroller::scroller(this))
-{
-    QScrollerProperties properties = m_scroller->scrollerProperties();
-    properties.setScrollMetric(QScrollerProperties::DragStartDistance, 0.0);
-    properties.setScrollMetric(QScrollerProperties::DecelerationFactor, GlideDeceleration);
-    m_scroller->setScrollerProperties(properties);
-}
-
-bool Glide::moves(const QWidget *widget) const
-{
-    return m_scroller->state() == QScroller::Scrolling && m_area && m_area->isAncestorOf(widget);
-}
-
-/// The whole gesture is told at once, when it is over: in a scroller that is told of a drag a timer runs.
-void Glide::start(QScrollArea *area, Qt::Orientation orientation, const QVector<Sample> &samples)
-{
-    stop();
-    m_area = area;
-    m_orientation = orientation;
-    m_start = m_last = barOf(area, orientation)->value();
-    QScroller::Input input = QScroller::InputPress;
-    for (const Sample &sample : samples) {
-        m_scroller->handleInput(input, position(sample), sample.ms);
-        input = QScroller::InputMove;
-    }
-    m_scroller->handleInput(QScroller::InputRelease, position(samples.constLast()), samples.constLast().ms);
-    if (m_scroller->state() != QScroller::Scrolling)
-        stop(); // it was too slow
-}
-
-void Glide::stop()
-{
-    m_area.clear();
-    m_scroller->stop();
-}
-
-bool Glide::event(QEvent *event)
-{
-    if (event->type() == QEvent::ScrollPrepare) {
-        auto *prepare = static_cast<QScrollPrepareEvent *>(event);
-        prepare->setContentPosRange({-GlideRange, -GlideRange, 2 * GlideRange, 2 * GlideRange});
-        prepare->setContentPos({0, 0});
-        prepare->accept();
-        return true;
-    }
-    if (event->type() != QEvent::Scroll)
-        return QObject::event(event);
-    if (m_scroller->state() == QScroller::Scrolling)
-        moveTo(static_cast<QScrollEvent *>(event)->contentPos());
-    return true;
-}
-
-QPointF Glide::position(const Sample &sample) const
-{
-    return m_orientation == Qt::Vertical ? QPointF(0, sample.place) : QPointF(sample.place, 0);
-}
-
-void Glide::moveTo(const QPointF &position)
-{
-    QScrollBar *bar = m_area ? barOf(m_area, m_orientation) : nullptr;
-    if (!bar || !m_area->isVisible() || bar->value() != m_last)
-        return stop(); // somebody else has moved it
-    const int wanted = m_start + along(m_orientation, position.toPoint());
-    bar->setValue(wanted);
-    m_last = bar->value();
-    if (m_last != wanted)
-        stop(); // at its end
-}
-
 } // namespace
 
 class KineticScroller::Private
@@ -280,7 +167,7 @@ private:
     Page vertical;
     Page horizontal;
     Qt::Orientation orientation = Qt::Vertical;
-    QVector<Sample> samples;
+    QVector<DragSample> samples;
 };
 
 bool KineticScroller::Private::press(QWidget *widget, const QMouseEvent &event)
