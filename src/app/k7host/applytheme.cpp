@@ -19,7 +19,9 @@ std::optional<Fault> applyTheme(const QString &dir)
     if (qApp->styleSheet().isEmpty()) // the first time; it takes as long as all the rest
         QApplication::setStyle(QStringLiteral("Fusion"));
     Korvo::Utils::Icon::setThemePaths(theme.folders);
-    QApplication::setPalette(theme.palette);
+    QApplication::setPalette(theme.palette); // and no other; those of classes come after it
+    QApplication::setPalette(theme.keyPalette, "Korvo::EC::K7DropButton");
+    QApplication::setPalette(theme.oledPalette, "Korvo::EC::TextTicker");
     qApp->setStyleSheet(theme.styleSheet);
     return {};
 }

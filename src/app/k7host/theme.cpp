@@ -63,16 +63,26 @@ public:
 
     const Colors &colors() const { return m_colors; }
     QPalette palette() const;
+    QPalette keyPalette() const { return withRoles(palette(), m_keyRoles); }
+    QPalette oledPalette() const { return withRoles(palette(), m_oledRoles); }
 
 private:
-    using Roles = QHash<QPalette::ColorRole, QString>; // names of colours
+    using Names = QHash<QPalette::ColorRole, QString>; // of colours
+    struct Roles
+    {
+        Names usual;
+        Names disabled;
+    };
 
     std::optional<Fault> readColors(QSettings *file);
     std::optional<Fault> readRoles(QSettings *file, const QString &group, Roles *roles);
+    std::optional<Fault> readNames(QSettings *file, const QString &group, Names *names);
+    QPalette withRoles(QPalette palette, const Roles &roles) const;
 
     Colors m_colors;
     Roles m_roles;
-    Roles m_disabledRoles;
+    Roles m_keyRoles;
+    Roles m_oledRoles;
 };
 
 std::optional<Fault> Description::read(const QString &dir)
@@ -84,7 +94,9 @@ std::optional<Fault> Description::read(const QString &dir)
         return fault;
     if (auto fault = readRoles(&file, QStringLiteral("Palette"), &m_roles))
         return fault;
-    return readRoles(&file, QStringLiteral("DisabledPalette"), &m_disabledRoles);
+    if (auto fault = readRoles(&file, QStringLiteral("KeyPalette"), &m_keyRoles))
+        return fault;
+    return readRoles(&file, QStringLiteral("OledPalette"), &m_oledRoles);
 }
 
 std::optional<Fault> Description::readColors(QSettings *file)
@@ -104,10 +116,17 @@ std::optional<Fault> Description::readColors(QSettings *file)
 
 std::optional<Fault> Description::readRoles(QSettings *file, const QString &group, Roles *roles)
 {
+    if (auto fault = readNames(file, group, &roles->usual))
+        return fault;
+    return readNames(file, QStringLiteral("Disabled") + group, &roles->disabled);
+}
+
+std::optional<Fault> Description::readNames(QSettings *file, const QString &group, Names *names)
+{
     static const QMetaEnum known = QMetaEnum::fromType<QPalette::ColorRole>();
     file->beginGroup(group);
-    const QStringList names = file->childKeys();
-    for (const QString &name : names) {
+    const QStringList keys = file->childKeys();
+    for (const QString &name : keys) {
         bool isRole = false;
         const auto role = QPalette::ColorRole(known.keyToValue(name.toLatin1().constData(), &isRole));
         const QString color = file->value(name).toString();
@@ -116,7 +135,7 @@ std::optional<Fault> Description::readRoles(QSettings *file, const QString &grou
                 QStringLiteral("description"), file->fileName(),
                 QStringLiteral("%1=%2 in [%3] names no %4")
                     .arg(name, color, group, isRole ? QStringLiteral("color") : QStringLiteral("role")));
-        roles->insert(role, color);
+        names->insert(role, color);
     }
     file->endGroup();
     return {};
@@ -125,16 +144,20 @@ std::optional<Fault> Description::readRoles(QSettings *file, const QString &grou
 /// Shades of bevels follow the colour of buttons.
 QPalette Description::palette() const
 {
-    if (m_roles.isEmpty())
+    if (m_roles.usual.isEmpty())
         return QApplication::style()->standardPalette();
     const QPalette usual = QApplication::style()->standardPalette();
     const auto colorOf = [&](QPalette::ColorRole role) {
-        return m_roles.contains(role) ? m_colors.value(m_roles.value(role)) : usual.color(role);
+        return m_roles.usual.contains(role) ? m_colors.value(m_roles.usual.value(role)) : usual.color(role);
     };
-    QPalette palette(colorOf(QPalette::Button), colorOf(QPalette::Window));
-    for (auto role = m_roles.begin(); role != m_roles.end(); ++role)
+    return withRoles(QPalette(colorOf(QPalette::Button), colorOf(QPalette::Window)), m_roles);
+}
+
+QPalette Description::withRoles(QPalette palette, const Roles &roles) const
+{
+    for (auto role = roles.usual.begin(); role != roles.usual.end(); ++role)
         palette.setColor(role.key(), m_colors.value(role.value()));
-    for (auto role = m_disabledRoles.begin(); role != m_disabledRoles.end(); ++role)
+    for (auto role = roles.disabled.begin(); role != roles.disabled.end(); ++role)
         palette.setColor(QPalette::Disabled, role.key(), m_colors.value(role.value()));
     return palette;
 }
@@ -196,6 +219,8 @@ std::optional<Fault> readTheme(const QString &dir, Theme *theme)
                      QStringLiteral("cannot read the theme's pictures in %1").arg(images.filePath())};
     }
     read.palette = description.palette();
+    read.keyPalette = description.keyPalette();
+    read.oledPalette = description.oledPalette();
     *theme = read;
     return {};
 }

@@ -23,6 +23,8 @@ struct Theme
     QStringList folders; ///< absolute; own one, then the base's
     QString styleSheet;  ///< with colours in place of their names
     QPalette palette;    ///< for what the style sheet does not style
+    QPalette keyPalette; ///< of keys, which paint themselves
+    QPalette oledPalette; ///< of OLED labels, which paint themselves
 };
 
 /// Reads the theme in \a dir; \a theme is changed only without a fault.

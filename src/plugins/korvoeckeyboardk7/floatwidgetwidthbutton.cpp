@@ -39,6 +39,7 @@ void FloatWidgetWidthButton::createWidgets()
 {
     setFixedSize(Size);
     m_pFloatbutton = new QToolButton(this);
+    m_pFloatbutton->setObjectName(QStringLiteral("floatButton"));
     m_pFloatbutton->setFixedSize(ButtonSize);
     mark(m_pFloatbutton, "floatButton_hide");
     m_pFloatWidget = new ConsoleFloatWidget(this);

@@ -4,6 +4,7 @@
 #include "k7dropbutton.h"
 
 #include "k7dropbuttonaccessible.h"
+#include "keyface.h"
 #include "keynavigation.h"
 #include "windowtouches.h"
 
@@ -12,6 +13,7 @@
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPointer>
 #include <QTouchEvent>
 
@@ -48,6 +50,35 @@ std::optional<Direction> directionOf(const QKeyEvent *event)
 
 } // namespace
 
+constexpr int pressedInset = 3;  // a pressed key sinks
+constexpr int disabledInset = 6; // a disabled one is out of reach
+
+/// Puts off what \a key would paint at once: QAbstractButton shows a press before it tells it.
+class PaintLater
+{
+public:
+    explicit PaintLater(QWidget *key)
+        : m_key(key->updatesEnabled() ? key : nullptr)
+    {
+        if (m_key)
+            m_key->setUpdatesEnabled(false);
+    }
+    ~PaintLater() { allow(); }
+
+    /// From now on the key is painted, in the next pass of the event loop.
+    void allow()
+    {
+        if (m_key)
+            m_key->setUpdatesEnabled(true);
+        m_key.clear();
+    }
+
+private:
+    Q_DISABLE_COPY(PaintLater)
+
+    QPointer<QWidget> m_key;
+};
+
 /// Knows who holds the key, and lets go of it through QAbstractButton, which tells the group as well.
 /// While the key is held it watches the application for what swallows the end of a press: above all popups.
 class K7DropButton::Private : public QObject
@@ -79,6 +110,9 @@ public:
     void letGo();
     void leave();
     void announceLight();
+    bool paintsItself() const;
+    bool noteSheet();
+    void paint(QPainter *painter) const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -91,6 +125,8 @@ private:
     void follow(const QTouchEvent::TouchPoint &point);
     void takeBack();
     void notePressed();
+    void noteReleased();
+    KeyFace face() const;
 
     K7DropButton *const m_key;
     Holder m_holder;
@@ -99,7 +135,9 @@ private:
     OnTheWay m_onTheWay = OnTheWay::Nothing; // what the key's receivers are being told, and its group is next
     Ending m_ending = Ending::None;          // how the key came up meanwhile
     QElapsedTimer m_sinceTouch;
+    PaintLater *m_paintLater = nullptr; // while it tells something
     QString m_announcedLight;
+    QString m_styleSheet; // that the key had when its style last changed
 };
 
 K7DropButton::Private::Private(K7DropButton *key)
@@ -107,17 +145,26 @@ K7DropButton::Private::Private(K7DropButton *key)
 {
     // First of all receivers. The signals rather than our own calls: click() and auto-repeat emit them too.
     connect(key, &QAbstractButton::pressed, this, &Private::notePressed);
-    connect(key, &QAbstractButton::released, this, [this] { m_pressedTold = false; });
+    connect(key, &QAbstractButton::released, this, &Private::noteReleased);
 }
 
 void K7DropButton::Private::notePressed()
 {
+    if (m_paintLater)
+        m_paintLater->allow(); // a receiver may run an event loop
     // click() on a held key, or an input on a key that animateClick() holds: the first press ends here.
     if (m_pressedTold) {
         takeBack();
         m_key->setDown(true);
     }
     m_pressedTold = true;
+}
+
+void K7DropButton::Private::noteReleased()
+{
+    if (m_paintLater)
+        m_paintLater->allow();
+    m_pressedTold = false;
 }
 
 bool K7DropButton::Private::isAfterTouch(const QMouseEvent *event) const
@@ -155,9 +202,13 @@ void K7DropButton::Private::tell(Signal signal, OnTheWay what, const Send &send)
     const OnTheWay before = m_onTheWay;
     m_onTheWay = what;
     const auto last = connect(m_key, signal, this, [this] { m_onTheWay = OnTheWay::Nothing; });
+    PaintLater *const outer = m_paintLater;
+    PaintLater paintLater(m_key);
+    m_paintLater = &paintLater;
     send();
     if (!guard)
         return;
+    m_paintLater = outer;
     disconnect(last);
     m_onTheWay = before;
 }
@@ -281,6 +332,53 @@ void K7DropButton::Private::announceLight()
     QAccessible::updateAccessibility(&event);
 }
 
+bool K7DropButton::Private::paintsItself() const
+{
+    return m_key->icon().isNull() && pictureOf(m_key->styleSheet());
+}
+
+/// After each change of the style. True when another picture of the key is all that has changed.
+bool K7DropButton::Private::noteSheet()
+{
+    const QString before = m_styleSheet;
+    m_styleSheet = m_key->styleSheet();
+    if (m_styleSheet == before)
+        KeyFace::forgetAll(); // it is the application's style, and may mean other pictures
+    m_key->setAttribute(Qt::WA_OpaquePaintEvent, paintsItself());
+    return m_styleSheet != before && pictureOf(before) && paintsItself();
+}
+
+KeyFace K7DropButton::Private::face() const
+{
+    const QPalette palette = m_key->palette();
+    const auto color = [&palette](QPalette::ColorRole role) { return palette.color(role).rgb(); };
+    KeyFace face;
+    face.picture = pictureOf(m_key->styleSheet()).value_or(QString());
+    face.size = m_key->size();
+    face.pixelRatio = m_key->devicePixelRatioF();
+    face.well = color(QPalette::Button);
+    face.ground = face.well;
+    if (!m_key->isEnabled()) {
+        face.inset = disabledInset;
+    } else if (m_key->isDown()) {
+        face.inset = pressedInset;
+        face.ground = color(QPalette::Midlight);
+    } else if (m_key->isChecked()) {
+        face.ground = color(QPalette::Light);
+    }
+    face.rim = m_key->hasFocus() ? color(QPalette::Highlight) : face.ground;
+    return face;
+}
+
+void K7DropButton::Private::paint(QPainter *painter) const
+{
+    painter->drawPixmap(0, 0, face().pixmap());
+    if (m_key->text().isEmpty())
+        return;
+    painter->setPen(m_key->palette().color(QPalette::ButtonText));
+    painter->drawText(m_key->rect().translated(0, m_key->isDown() ? 1 : 0), Qt::AlignCenter, m_key->text());
+}
+
 bool K7DropButton::Private::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_key || !watched->isWidgetType())
@@ -339,6 +437,10 @@ bool K7DropButton::event(QEvent *event)
         break;
     case QEvent::StyleChange:
         m_d->announceLight();
+        if (m_d->noteSheet()) {
+            update(); // nothing else depends on the picture
+            return true;
+        }
         break;
     case QEvent::TouchCancel:
     case QEvent::Hide:
@@ -418,6 +520,22 @@ void K7DropButton::focusOutEvent(QFocusEvent *event)
 void K7DropButton::timerEvent(QTimerEvent *event)
 {
     m_d->deliver([this, event] { QToolButton::timerEvent(event); });
+}
+
+void K7DropButton::paintEvent(QPaintEvent *event)
+{
+    if (!m_d->paintsItself()) {
+        QToolButton::paintEvent(event);
+        return;
+    }
+    QPainter painter(this);
+    m_d->paint(&painter);
+}
+
+/// A key's style sheet changes with every colour, and the style would look up its picture twice each time.
+QString K7DropButton::sheetForStyle() const
+{
+    return m_d->paintsItself() ? QString() : styleSheet();
 }
 
 } // namespace Korvo::EC

@@ -23,6 +23,11 @@ namespace Korvo::EC {
 /// Arrow keys move the focus to the nearest key of the window in their direction, see moveFocus(). To
 /// assistive technology a key is a button that tells its light, after the picture in its own style sheet.
 ///
+/// A key whose own style sheet names a picture, `border-image:url("file")`, and says nothing else paints
+/// itself: the picture on a cap in a well, in the colours of its palette. Button is the well and what shines
+/// through the cap, Midlight shines through a pressed cap, Light through a checked one, Highlight is the rim
+/// of the key that has the focus, ButtonText the lettering. All other keys are painted by the style.
+///
 /// A receiver of pressed() or released() may hide, disable or deleteLater() the key. It may delete it at
 /// once when a finger, the mouse or the keyboard was the cause, but not while the key is being hidden or
 /// disabled, nor in toggled(): Qt goes on using it there. A receiver of pressed() that runs an event loop
@@ -34,6 +39,9 @@ namespace Korvo::EC {
 class KORVO_EC_EXPORT K7DropButton : public QToolButton
 {
     Q_OBJECT
+    /// What of the style sheet is left to the style: nothing, when the key paints it all by itself. Qt's style
+    /// reads sheets by this property; styleSheet() tells all of it.
+    Q_PROPERTY(QString styleSheet READ sheetForStyle WRITE setStyleSheet)
 
 public:
     explicit K7DropButton(QWidget *parent = nullptr);
@@ -48,9 +56,12 @@ protected:
     void keyReleaseEvent(QKeyEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     Q_DISABLE_COPY(K7DropButton)
+
+    QString sheetForStyle() const;
 
     class Private;
     const std::unique_ptr<Private> m_d;

@@ -17,6 +17,8 @@ namespace {
 constexpr int tickMs = 28; // one pixel a tick: about 36 pixels a second
 constexpr int ticksAtStart = 1000 / tickMs;
 constexpr int gapCharacters = 4;
+constexpr int edge = 1;    // around the label
+constexpr int padding = 3; // from there to the text
 
 /// The clock of all tickers; it ends with the last one that holds it.
 std::shared_ptr<QTimer> sharedClock()
@@ -66,6 +68,8 @@ public:
     void layOutAnew();
     void setShown(bool isShown);
     bool isShown() const { return m_isShown; }
+    void chooseGround();
+    void paintGround(QPainter *painter) const;
     void paint(QPainter *painter) const;
     QSize sizeFor(int characters) const;
 
@@ -185,6 +189,20 @@ void TextTicker::Private::drawLine(QPainter *painter, const QPoint &start) const
     painter->drawStaticText(QPointF(qRound(start.x() * ratio) / ratio, start.y()), m_line);
 }
 
+/// A ground of its own is opaque, so that nothing behind the label has to be painted when its text changes.
+void TextTicker::Private::chooseGround()
+{
+    m_label->setAttribute(Qt::WA_OpaquePaintEvent, !m_label->testAttribute(Qt::WA_StyledBackground));
+}
+
+void TextTicker::Private::paintGround(QPainter *painter) const
+{
+    const QRect rect = m_label->rect();
+    const QPalette palette = m_label->palette();
+    painter->fillRect(rect, palette.mid());
+    painter->fillRect(rect.adjusted(edge, edge, -edge, -edge), palette.window());
+}
+
 void TextTicker::Private::paint(QPainter *painter) const
 {
     painter->setClipRect(area());
@@ -217,6 +235,7 @@ TextTicker::TextTicker(QWidget *parent)
 {
     setTextFormat(Qt::PlainText);
     setAlignment(Qt::AlignCenter);
+    setContentsMargins(edge + padding, edge, edge + padding, edge);
 }
 
 TextTicker::~TextTicker() = default;
@@ -240,10 +259,20 @@ QSize TextTicker::minimumSizeHint() const
     return m_d->sizeFor(3);
 }
 
+bool TextTicker::event(QEvent *event)
+{
+    const bool isHandled = QLabel::event(event);
+    if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange)
+        m_d->chooseGround();
+    return isHandled;
+}
+
 void TextTicker::paintEvent(QPaintEvent *)
 {
     m_d->arrange(); // the text may have been set through QLabel
     QPainter painter(this);
+    if (testAttribute(Qt::WA_OpaquePaintEvent))
+        m_d->paintGround(&painter);
     drawFrame(&painter);
     m_d->paint(&painter);
 }

@@ -13,9 +13,10 @@ namespace Korvo::EC {
 
 /// An OLED label: one line of plain text, centred when it fits, scrolling to the left when it does not.
 ///
-/// A line break is shown as a blank. The size hints depend on the font alone, never on the text. The colour
-/// is the palette's for the foreground role; frame, background and margin are QLabel's, and alignment()
-/// places a text that fits.
+/// A line break is shown as a blank. The size hints depend on the font alone, never on the text. It paints
+/// its own opaque ground, in the palette's colours: Window with a line of Mid around it, unless a style sheet
+/// gives it a background or a border. The text has the colour of the foreground role; frame and margin are
+/// QLabel's, and alignment() places a text that fits.
 ///
 /// One clock drives all tickers of the process. It exists only while a visible ticker scrolls.
 /// GUI thread only.
@@ -36,6 +37,7 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;

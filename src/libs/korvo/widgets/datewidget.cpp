@@ -97,6 +97,7 @@ CalendarPopup::CalendarPopup(QWidget *button)
 QToolButton *CalendarPopup::addArrow(QHBoxLayout *bar, const QString &sign, Turn turn)
 {
     QToolButton *arrow = new QToolButton(this);
+    arrow->setObjectName(QStringLiteral("calendarArrow"));
     arrow->setText(sign);
     arrow->setFixedSize(arrowSize);
     // The keys stay with the days, where Page Up and Page Down turn the months.

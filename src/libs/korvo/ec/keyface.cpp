@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The K7 keyboard authors
+// SPDX-License-Identifier: MIT
+
+#include "keyface.h"
+
+#include <QImageReader>
+#include <QPainter>
+#include <QPixmapCache>
+
+namespace Korvo::EC {
+
+namespace {
+
+constexpr qreal capRadius = 8;
+constexpr qreal rimWidth = 2;
+
+int generation = 0; // of the pictures; part of the names that faces are kept by
+
+QString nameOf(const KeyFace &face)
+{
+    QString name = QLatin1String("korvo key ") + face.picture;
+    for (const qint64 number : {qint64(generation), qint64(face.size.width()), qint64(face.size.height()),
+                                qRound64(face.pixelRatio * 1000), qint64(face.inset), qint64(face.well),
+                                qint64(face.ground), qint64(face.rim)}) {
+        name += QLatin1Char(' ');
+        name += QString::number(number, 36);
+    }
+    return name;
+}
+
+/// Read at its painted size, since a drawing is sharp at any.
+QImage readPicture(const QString &file, QSize size)
+{
+    QImageReader reader(file);
+    reader.setScaledSize(size);
+    return reader.read();
+}
+
+QPixmap paint(const KeyFace &face)
+{
+    QPixmap pixmap(face.size * face.pixelRatio);
+    pixmap.setDevicePixelRatio(face.pixelRatio);
+    pixmap.fill(face.well);
+    const QRect cap =
+        QRect(QPoint(0, 0), face.size).adjusted(face.inset, face.inset, -face.inset, -face.inset);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    const auto fill = [&painter](const QRectF &rect, qreal radius, QRgb color) {
+        painter.setBrush(QColor(color));
+        painter.drawRoundedRect(rect, radius, radius);
+    };
+    fill(cap, capRadius, face.rim);
+    if (face.rim != face.ground)
+        fill(QRectF(cap).adjusted(rimWidth, rimWidth, -rimWidth, -rimWidth), capRadius - rimWidth, face.ground);
+    if (!face.picture.isEmpty() && !cap.isEmpty())
+        painter.drawImage(cap, readPicture(face.picture, cap.size() * face.pixelRatio));
+    return pixmap;
+}
+
+} // namespace
+
+std::optional<QString> pictureOf(const QString &styleSheet)
+{
+    static const QLatin1String begin("border-image:url(\"");
+    static const QLatin1String end("\")");
+    if (!styleSheet.startsWith(begin) || !styleSheet.endsWith(end))
+        return {};
+    const QString file = styleSheet.mid(begin.size(), styleSheet.size() - begin.size() - end.size());
+    if (file.contains(QLatin1Char('"')))
+        return {};
+    return file;
+}
+
+QPixmap KeyFace::pixmap() const
+{
+    const QString name = nameOf(*this);
+    QPixmap pixmap;
+    if (!QPixmapCache::find(name, &pixmap)) {
+        pixmap = paint(*this);
+        QPixmapCache::insert(name, pixmap);
+    }
+    return pixmap;
+}
+
+void KeyFace::forgetAll()
+{
+    ++generation;
+}
+
+} // namespace Korvo::EC
