@@ -21,6 +21,7 @@ public:
     void createConnects();
 
     LabelList m_pECTexts;
+    LabelIndex m_labelIndex; // of the list before
 
 private Q_SLOTS:
     void slotFunctionKeyboardFramePressed(QAbstractButton *button) { press(button); }
@@ -34,6 +35,8 @@ void FunctionKeyboardFramePrivate::createWidgets()
     appendKeys(&m_pECButtons, ui->functionButtonGroup);
     // Finds none, since labels are children of the frame and not of its layout: these never show a text.
     appendLabels(&m_pECTexts, ui->verticalLayout);
+    m_keyIndex.setWidgets(m_pECButtons);
+    m_labelIndex.setWidgets(m_pECTexts);
 }
 
 void FunctionKeyboardFramePrivate::createConnects()
@@ -68,12 +71,12 @@ void FunctionKeyboardFrame::applyNoramlStyleSheet()
 bool FunctionKeyboardFrame::updateECButtonColor(std::shared_ptr<ECButtonColor> color)
 {
     return Internal::paintAllKeys(d->m_pECButtons, color) ||
-           Internal::paintMatchingKey(d->m_pECButtons, color);
+           Internal::paintMatchingKey(&d->m_keyIndex, color);
 }
 
 bool FunctionKeyboardFrame::updateECOledText(std::shared_ptr<ECOLEDText> text)
 {
-    return Internal::writeMatchingLabel(d->m_pECTexts, text);
+    return Internal::writeMatchingLabel(&d->m_labelIndex, text);
 }
 
 } // namespace Korvo::ECKeyboard::K7

@@ -22,6 +22,7 @@ public:
     PageKeys pageKeys() const { return {ui->pageUpToolButton, ui->pageDownToolButton}; }
 
     LabelList m_pECTexts;
+    LabelIndex m_labelIndex; // of the list before
 
 private Q_SLOTS:
     void slotPageUpToolButtonPressed() { press(ui->pageUpToolButton); }
@@ -43,6 +44,8 @@ void InputKeyboardFramePrivate::createWidgets()
     appendKeys(&m_pECButtons, ui->inputButtonGroup);
     m_pECButtons << ui->pageUpToolButton << ui->pageDownToolButton;
     appendLabels(&m_pECTexts, ui->frame_20);
+    m_keyIndex.setWidgets(m_pECButtons);
+    m_labelIndex.setWidgets(m_pECTexts);
     leaveOutOfTabOrder(ui->inputExtendToolButton, QStringLiteral("INPUT EXTENSION"));
 }
 
@@ -86,12 +89,12 @@ void InputKeyboardFrame::applyNoramlStyleSheet()
 bool InputKeyboardFrame::updateECButtonColor(std::shared_ptr<ECButtonColor> color)
 {
     return Internal::paintAllKeys(d->m_pECButtons, color) ||
-           Internal::paintMatchingKey(d->m_pECButtons, color, d->pageKeys());
+           Internal::paintMatchingKey(&d->m_keyIndex, color, d->pageKeys());
 }
 
 bool InputKeyboardFrame::updateECOledText(std::shared_ptr<ECOLEDText> text)
 {
-    return Internal::writeMatchingLabel(d->m_pECTexts, text);
+    return Internal::writeMatchingLabel(&d->m_labelIndex, text);
 }
 
 } // namespace Korvo::ECKeyboard::K7

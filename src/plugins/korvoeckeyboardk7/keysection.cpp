@@ -7,12 +7,7 @@
 
 #include <korvo/ec/k7dropbutton.h>
 #include <korvo/ec/textticker.h>
-#include <korvo/keyboard/constants.h>
 #include <korvo/keyboard/records.h>
-
-#include <QVariant>
-
-#include <algorithm>
 
 namespace Korvo::ECKeyboard::K7::Internal {
 
@@ -20,15 +15,6 @@ namespace {
 
 constexpr quint32 KeyCodeOffset = 0xff0000;
 constexpr quint32 BroadcastKey = 255;
-
-template <typename Widgets>
-auto findById(const Widgets &widgets, quint32 id) -> typename Widgets::value_type
-{
-    const auto match = std::find_if(widgets.cbegin(), widgets.cend(), [id](const auto *widget) {
-        return widget && static_cast<quint32>(keyId(widget)) == id;
-    });
-    return match != widgets.cend() ? *match : nullptr;
-}
 
 /// What \a builder makes of \a look; nothing once the plug-in is gone, though a host may still hold a half.
 template <typename Builder, typename Look>
@@ -52,14 +38,9 @@ QString ordinaryStyleSheet(const std::shared_ptr<ECButtonColor> &color)
 
 } // namespace
 
-int keyId(const QObject *widget)
+quint32 keyCode(const KeyIndex &keys, const QObject *key)
 {
-    return widget->property(Constants::PROPERTY_KORVOECKEY).toInt();
-}
-
-quint32 keyCode(const QObject *key)
-{
-    return static_cast<quint32>(keyId(key)) + KeyCodeOffset;
+    return keys.idOf(key) + KeyCodeOffset;
 }
 
 void letGoOfKeys(QWidget *keyboard)
@@ -124,10 +105,9 @@ bool paintAllKeys(const KeyList &keys, const std::shared_ptr<ECButtonColor> &col
     return true;
 }
 
-bool paintMatchingKey(const KeyList &keys, const std::shared_ptr<ECButtonColor> &color,
-                      const PageKeys &pageKeys)
+bool paintMatchingKey(KeyIndex *keys, const std::shared_ptr<ECButtonColor> &color, const PageKeys &pageKeys)
 {
-    EC::K7DropButton *key = color ? findById(keys, color->ButtonKey) : nullptr;
+    EC::K7DropButton *key = color ? keys->find(color->ButtonKey) : nullptr;
     if (!key)
         return false;
 
@@ -140,9 +120,9 @@ bool paintMatchingKey(const KeyList &keys, const std::shared_ptr<ECButtonColor> 
     return true;
 }
 
-bool writeMatchingLabel(const LabelList &labels, const std::shared_ptr<ECOLEDText> &text)
+bool writeMatchingLabel(LabelIndex *labels, const std::shared_ptr<ECOLEDText> &text)
 {
-    EC::TextTicker *label = text ? findById(labels, text->OledKey) : nullptr;
+    EC::TextTicker *label = text ? labels->find(text->OledKey) : nullptr;
     if (!label)
         return false;
 

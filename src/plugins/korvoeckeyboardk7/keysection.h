@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "idindex.h"
 #include "markers.h"
 
 #include <QAbstractButton>
@@ -18,11 +19,6 @@ struct ECButtonColor;
 struct ECOLEDText;
 } // namespace Korvo
 
-namespace Korvo::EC {
-class K7DropButton;
-class TextTicker;
-} // namespace Korvo::EC
-
 /// What all key sections do alike. A section adds its form, its lists, its markers and its slots.
 /// GUI thread only.
 namespace Korvo::ECKeyboard::K7::Internal {
@@ -37,11 +33,8 @@ struct PageKeys
     QAbstractButton *down = nullptr;
 };
 
-/// The id of a key or of an OLED label; 0 when it has none that is a number.
-int keyId(const QObject *widget);
-
-/// What the host knows a key by: its id plus 0xff0000.
-quint32 keyCode(const QObject *key);
+/// What the host knows \a key by, which may be one of \a keys or another: its id plus 0xff0000.
+quint32 keyCode(const KeyIndex &keys, const QObject *key);
 
 /// For the destructor of a section or a half: keys that are held come up while their releases still have a
 /// way to the host.
@@ -90,11 +83,11 @@ void paintIdle(const PageKeys &pageKeys);
 bool paintAllKeys(const KeyList &keys, const std::shared_ptr<ECButtonColor> &color);
 
 /// Paints the first of \a keys that has the id of \a color. False when there is none, and for null.
-bool paintMatchingKey(const KeyList &keys, const std::shared_ptr<ECButtonColor> &color,
+bool paintMatchingKey(KeyIndex *keys, const std::shared_ptr<ECButtonColor> &color,
                       const PageKeys &pageKeys = PageKeys());
 
 /// Writes \a text to the first of \a labels that has its id. False when there is none, and for null.
-bool writeMatchingLabel(const LabelList &labels, const std::shared_ptr<ECOLEDText> &text);
+bool writeMatchingLabel(LabelIndex *labels, const std::shared_ptr<ECOLEDText> &text);
 
 /// The private part of the key section \a Keyboard with the form \a Form: a section's own adds its slots.
 template <typename Keyboard, typename Form>
@@ -117,6 +110,7 @@ public:
     Keyboard *m_pKeyboard; // owns this
     Form *ui = nullptr;
     KeyList m_pECButtons;
+    KeyIndex m_keyIndex; // of the list before
 
 protected:
     void createForm()
@@ -131,12 +125,12 @@ protected:
     void press(const QAbstractButton *key)
     {
         if (key)
-            Q_EMIT m_pKeyboard->ecButtonPressed(keyCode(key));
+            Q_EMIT m_pKeyboard->ecButtonPressed(keyCode(m_keyIndex, key));
     }
     void release(const QAbstractButton *key)
     {
         if (key)
-            Q_EMIT m_pKeyboard->ecButtonRelease(keyCode(key));
+            Q_EMIT m_pKeyboard->ecButtonRelease(keyCode(m_keyIndex, key));
     }
 };
 

@@ -22,6 +22,7 @@ public:
     PageKeys pageKeys() const { return {ui->pageUpToolButton, ui->pageDownToolButton}; }
 
     LabelList m_pECTexts;
+    LabelIndex m_labelIndex; // of the list before
 
 private Q_SLOTS:
     void slotLayerButtonGroupPressed(QAbstractButton *button) { press(button); }
@@ -58,6 +59,8 @@ void LayerKeyboardFramePrivate::createWidgets()
                  << ui->pageUpToolButton << ui->pageDownToolButton;
     appendLabels(&m_pECTexts, ui->frame_18);
     appendLabels(&m_pECTexts, ui->frame);
+    m_keyIndex.setWidgets(m_pECButtons);
+    m_labelIndex.setWidgets(m_pECTexts);
     leaveOutOfTabOrder(ui->layerExtendToolButton, QStringLiteral("LAYER EXTENSION"));
 }
 
@@ -129,12 +132,12 @@ void LayerKeyboardFrame::applyNoramlStyleSheet()
 bool LayerKeyboardFrame::updateECButtonColor(std::shared_ptr<ECButtonColor> color)
 {
     return Internal::paintAllKeys(d->m_pECButtons, color) ||
-           Internal::paintMatchingKey(d->m_pECButtons, color, d->pageKeys());
+           Internal::paintMatchingKey(&d->m_keyIndex, color, d->pageKeys());
 }
 
 bool LayerKeyboardFrame::updateECOledText(std::shared_ptr<ECOLEDText> text)
 {
-    return Internal::writeMatchingLabel(d->m_pECTexts, text);
+    return Internal::writeMatchingLabel(&d->m_labelIndex, text);
 }
 
 } // namespace Korvo::ECKeyboard::K7

@@ -30,6 +30,7 @@ void NumberKeyboardFramePrivate::createWidgets()
     createForm();
     markAll(ui->numberButtonGroup, "isNumberToolButton");
     appendKeys(&m_pECButtons, ui->numberButtonGroup);
+    m_keyIndex.setWidgets(m_pECButtons);
 }
 
 void NumberKeyboardFramePrivate::createConnects()
@@ -64,7 +65,7 @@ void NumberKeyboardFrame::applyNoramlStyleSheet()
 bool NumberKeyboardFrame::updateECButtonColor(std::shared_ptr<ECButtonColor> color)
 {
     // No broadcast: the keypad keeps its look when all other keys change theirs.
-    return Internal::paintMatchingKey(d->m_pECButtons, color);
+    return Internal::paintMatchingKey(&d->m_keyIndex, color);
 }
 
 bool NumberKeyboardFrame::updateECOledText(std::shared_ptr<ECOLEDText> text)

@@ -22,6 +22,7 @@ public:
     PageKeys pageKeys() const { return {ui->pageUpToolButton, ui->pageDownToolButton}; }
 
     LabelList m_pECTexts;
+    LabelIndex m_labelIndex; // of the list before
 
 private Q_SLOTS:
     // Named after the screens, though these are the presets.
@@ -67,6 +68,8 @@ void PresetKeyboardFramePrivate::createWidgets()
     // Two labels have no number. They read as 0, which a label of the grid has and takes first.
     appendLabels(&m_pECTexts, ui->frame_22);
     appendLabels(&m_pECTexts, ui->frame_2);
+    m_keyIndex.setWidgets(m_pECButtons);
+    m_labelIndex.setWidgets(m_pECTexts);
     leaveOutOfTabOrder(ui->presetExtendToolButton1, QStringLiteral("PRESET EXTENSION 1"));
     leaveOutOfTabOrder(ui->presetExtendToolButton2, QStringLiteral("PRESET EXTENSION 2"));
 }
@@ -129,12 +132,12 @@ void PresetKeyboardFrame::applyNoramlStyleSheet()
 bool PresetKeyboardFrame::updateECButtonColor(std::shared_ptr<ECButtonColor> color)
 {
     return Internal::paintAllKeys(d->m_pECButtons, color) ||
-           Internal::paintMatchingKey(d->m_pECButtons, color, d->pageKeys());
+           Internal::paintMatchingKey(&d->m_keyIndex, color, d->pageKeys());
 }
 
 bool PresetKeyboardFrame::updateECOledText(std::shared_ptr<ECOLEDText> text)
 {
-    return Internal::writeMatchingLabel(d->m_pECTexts, text);
+    return Internal::writeMatchingLabel(&d->m_labelIndex, text);
 }
 
 } // namespace Korvo::ECKeyboard::K7

@@ -23,6 +23,7 @@ public:
     PageKeys pageKeys() const { return {ui->pageUpToolButton, ui->pageDownToolButton}; }
 
     LabelList m_pECTexts;
+    LabelIndex m_labelIndex; // of the list before
 
 private Q_SLOTS:
     void slotPageUpToolButtonPressed() { press(ui->pageUpToolButton); }
@@ -55,6 +56,8 @@ void ScreenKeyboardFramePrivate::createWidgets()
     m_pECButtons << ui->pageUpToolButton << ui->pageDownToolButton << ui->freezePGMToolButton
                  << ui->matchPGMToolButton << ui->ftbToolButton << ui->reserved_1_ToolButton;
     appendLabels(&m_pECTexts, ui->frameSelectMode);
+    m_keyIndex.setWidgets(m_pECButtons);
+    m_labelIndex.setWidgets(m_pECTexts);
     nameKeys();
     leaveOutOfTabOrder(ui->screenExtendToolButton, QStringLiteral("SCREEN EXTENSION"));
 }
@@ -116,12 +119,12 @@ void ScreenKeyboardFrame::applyNoramlStyleSheet()
 bool ScreenKeyboardFrame::updateECButtonColor(std::shared_ptr<ECButtonColor> color)
 {
     return Internal::paintAllKeys(d->m_pECButtons, color) ||
-           Internal::paintMatchingKey(d->m_pECButtons, color, d->pageKeys());
+           Internal::paintMatchingKey(&d->m_keyIndex, color, d->pageKeys());
 }
 
 bool ScreenKeyboardFrame::updateECOledText(std::shared_ptr<ECOLEDText> text)
 {
-    return Internal::writeMatchingLabel(d->m_pECTexts, text);
+    return Internal::writeMatchingLabel(&d->m_labelIndex, text);
 }
 
 } // namespace Korvo::ECKeyboard::K7

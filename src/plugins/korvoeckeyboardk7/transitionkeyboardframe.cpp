@@ -21,6 +21,7 @@ public:
     void createConnects();
 
     LabelList m_pECTexts;
+    LabelIndex m_labelIndex; // of the list before
 
 private Q_SLOTS:
     void slotTransitionKeyboardFramePressed(QAbstractButton *button) { press(button); }
@@ -36,6 +37,8 @@ void TransitionKeyboardFramePrivate::createWidgets()
     // The form numbers the labels of a row from right to left, and calls the second reserved key the third
     // one: so does the console.
     appendLabels(&m_pECTexts, ui->frametrans);
+    m_keyIndex.setWidgets(m_pECButtons);
+    m_labelIndex.setWidgets(m_pECTexts);
 }
 
 void TransitionKeyboardFramePrivate::createConnects()
@@ -70,12 +73,12 @@ void TransitionKeyboardFrame::applyNoramlStyleSheet()
 bool TransitionKeyboardFrame::updateECButtonColor(std::shared_ptr<ECButtonColor> color)
 {
     return Internal::paintAllKeys(d->m_pECButtons, color) ||
-           Internal::paintMatchingKey(d->m_pECButtons, color);
+           Internal::paintMatchingKey(&d->m_keyIndex, color);
 }
 
 bool TransitionKeyboardFrame::updateECOledText(std::shared_ptr<ECOLEDText> text)
 {
-    return Internal::writeMatchingLabel(d->m_pECTexts, text);
+    return Internal::writeMatchingLabel(&d->m_labelIndex, text);
 }
 
 } // namespace Korvo::ECKeyboard::K7

@@ -398,6 +398,97 @@ void SectionTests::aKeyWithoutAnIdSendsTheBareOffset()
     }
 }
 
+/// Colours and presses of \a key go by \a id, and no more by \a formerId.
+void SectionTests::followsIdOf(const Fact &key, quint32 id, quint32 formerId)
+{
+    QWidget *one = widget(key);
+    if (!isColorless(key)) {
+        QVERIFY(updateColor(colorRecord(id, 255, 0, 0)));
+        QCOMPARE(one->styleSheet(), ordinaryLook(key, ECKeyboard::RedButton));
+        updateColor(colorRecord(formerId, 255, 255, 0));
+        QCOMPARE(one->styleSheet(), ordinaryLook(key, ECKeyboard::RedButton));
+    }
+    m_sent.clear();
+    QTest::mouseClick(one, Qt::LeftButton);
+    if (sendingKeys().contains(key))
+        QCOMPARE(m_sent, (QStringList{sentLine("press", id + 0xff0000), sentLine("release", id + 0xff0000)}));
+    else
+        QCOMPARE(m_sent, QStringList());
+}
+
+/// The same for texts of a label.
+void SectionTests::followsIdOfLabel(const Fact &label, quint32 id, quint32 formerId)
+{
+    const auto *one = this->label(nameOf(label));
+    QVERIFY(updateText(textRecord(id, "NEW")));
+    QCOMPARE(one->text(), QStringLiteral("NEW"));
+    updateText(textRecord(formerId, "FORMER"));
+    QCOMPARE(one->text(), QStringLiteral("NEW"));
+}
+
+void SectionTests::idsMayChangeAtAnyTime_data()
+{
+    QTest::addColumn<QVariant>("property");
+    QTest::addColumn<quint32>("id");
+    QTest::newRow("number") << QVariant(1000) << 1000u;
+    QTest::newRow("text") << QVariant(QStringLiteral("1000")) << 1000u;
+    QTest::newRow("more than 16 bits") << QVariant(70000) << 70000u;
+    QTest::newRow("negative") << QVariant(QStringLiteral("-2")) << 0xfffffffeu;
+}
+
+void SectionTests::idsMayChangeAtAnyTime()
+{
+    QFETCH(QVariant, property);
+    QFETCH(quint32, id);
+    for (const Fact &fact : qAsConst(m_keys)) {
+        const QVariant before = widget(fact)->property(Constants::PROPERTY_KORVOECKEY);
+        widget(fact)->setProperty(Constants::PROPERTY_KORVOECKEY, property);
+        followsIdOf(fact, id, idOf(fact));
+        widget(fact)->setProperty(Constants::PROPERTY_KORVOECKEY, before);
+        followsIdOf(fact, idOf(fact), id);
+        if (QTest::currentTestFailed())
+            return;
+    }
+    const QVector<Fact> reachable = reachableLabels();
+    for (const Fact &fact : reachable) {
+        const QVariant before = widget(fact)->property(Constants::PROPERTY_KORVOECKEY);
+        widget(fact)->setProperty(Constants::PROPERTY_KORVOECKEY, property);
+        followsIdOfLabel(fact, id, idOf(fact));
+        widget(fact)->setProperty(Constants::PROPERTY_KORVOECKEY, before);
+        followsIdOfLabel(fact, idOf(fact), id);
+        if (QTest::currentTestFailed())
+            return;
+    }
+}
+
+void SectionTests::aChangeOfTheLanguageKeepsOrRestoresTheIds()
+{
+    constexpr quint32 other = 1000;
+    for (const Fact &fact : qAsConst(m_facts)) {
+        const bool isKey = m_keys.contains(fact);
+        if (!isKey && !reachableLabels().contains(fact))
+            continue;
+        QWidget *one = widget(fact);
+        const bool isText = one->property(Constants::PROPERTY_KORVOECKEY).type() == QVariant::String;
+        one->setProperty(Constants::PROPERTY_KORVOECKEY, other);
+        updateColor(colorRecord(other, 0, 255, 0));
+        updateText(textRecord(other, "OTHER"));
+
+        QEvent change(QEvent::LanguageChange);
+        QCoreApplication::sendEvent(m_section.get(), &change);
+        // Ids that are texts pass through the translation.
+        const quint32 id = isText ? idOf(fact) : other;
+        QCOMPARE(one->property(Constants::PROPERTY_KORVOECKEY).toUInt(), id);
+        if (isKey)
+            followsIdOf(fact, id, isText ? other : idOf(fact));
+        else
+            followsIdOfLabel(fact, id, isText ? other : idOf(fact));
+        one->setProperty(Constants::PROPERTY_KORVOECKEY, idOf(fact));
+        if (QTest::currentTestFailed())
+            return;
+    }
+}
+
 void SectionTests::heldKeysAreReleasedOnEveryWayOut_data()
 {
     QTest::addColumn<QByteArray>("way");

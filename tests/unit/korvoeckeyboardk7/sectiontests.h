@@ -71,6 +71,9 @@ private slots:
     void fingersHoldAllKeysAtOnce();
     void aPressOfNoKeySendsNothing();
     void aKeyWithoutAnIdSendsTheBareOffset();
+    void idsMayChangeAtAnyTime_data();
+    void idsMayChangeAtAnyTime();
+    void aChangeOfTheLanguageKeepsOrRestoresTheIds();
     void heldKeysAreReleasedOnEveryWayOut_data();
     void heldKeysAreReleasedOnEveryWayOut();
 
@@ -117,6 +120,8 @@ protected:
     QVector<Fact> reachableLabels() const;
 
 private:
+    void followsIdOf(const Fact &key, quint32 id, quint32 formerId);
+    void followsIdOfLabel(const Fact &label, quint32 id, quint32 formerId);
     bool isColorless(const Fact &fact) const;
     QString formStyle(const QString &name) const;
     QString ordinaryLook(const Fact &fact, Korvo::ECKeyboard::eECButtonImage otherwise) const;

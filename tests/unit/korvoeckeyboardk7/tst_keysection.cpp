@@ -16,6 +16,18 @@
 using namespace Korvo;
 using namespace Korvo::ECKeyboard::K7::Internal;
 
+namespace {
+
+template <typename Widget>
+std::unique_ptr<IdIndex<Widget>> indexOf(const QList<Widget *> &widgets)
+{
+    auto index = std::make_unique<IdIndex<Widget>>();
+    index->setWidgets(widgets);
+    return index;
+}
+
+} // namespace
+
 class tst_KeySection : public QObject
 {
     Q_OBJECT
@@ -60,7 +72,10 @@ void tst_KeySection::idsAreReadFromNumbersAndTexts()
 
     EC::K7DropButton key;
     key.setProperty(Constants::PROPERTY_KORVOECKEY, property);
-    QCOMPARE(keyCode(&key), expectedCode);
+    const auto keys = indexOf<EC::K7DropButton>({&key});
+    QCOMPARE(keyCode(*keys, &key), expectedCode);
+    keys->find(0);
+    QCOMPARE(keyCode(*keys, &key), expectedCode);
     QCOMPARE(quint32(keyId(&key)), expectedCode - 0xff0000u);
 }
 
@@ -127,7 +142,8 @@ void tst_KeySection::theFirstOfTwoKeysWithOneIdIsPainted()
     first.setProperty(Constants::PROPERTY_KORVOECKEY, 7);
     second.setProperty(Constants::PROPERTY_KORVOECKEY, QStringLiteral("7"));
 
-    QVERIFY(paintMatchingKey({&first, &second}, colorRecord(7, 255, 0, 0)));
+    const auto keys = indexOf<EC::K7DropButton>({&first, &second});
+    QVERIFY(paintMatchingKey(keys.get(), colorRecord(7, 255, 0, 0)));
     QVERIFY(first.styleSheet().contains(QLatin1String("ecbutton_red")));
     QCOMPARE(second.styleSheet(), QString());
 }
@@ -135,14 +151,16 @@ void tst_KeySection::theFirstOfTwoKeysWithOneIdIsPainted()
 void tst_KeySection::nullEntriesArePassedOver()
 {
     EC::K7DropButton key;
-    QVERIFY(paintMatchingKey({nullptr, &key}, colorRecord(0, 0, 255, 0)));
+    const auto keys = indexOf<EC::K7DropButton>({nullptr, &key});
+    QVERIFY(paintMatchingKey(keys.get(), colorRecord(0, 0, 255, 0)));
     QVERIFY(key.styleSheet().contains(QLatin1String("ecbutton_green")));
 
     QVERIFY(paintAllKeys({nullptr, &key}, colorRecord(255, 0, 0, 255)));
     QVERIFY(key.styleSheet().contains(QLatin1String("ecbutton_blue")));
 
     EC::TextTicker label;
-    QVERIFY(writeMatchingLabel({nullptr, &label}, textRecord(0, "CAM 1")));
+    const auto labels = indexOf<EC::TextTicker>({nullptr, &label});
+    QVERIFY(writeMatchingLabel(labels.get(), textRecord(0, "CAM 1")));
     QCOMPARE(label.text(), QStringLiteral("CAM 1"));
 }
 
@@ -150,12 +168,13 @@ void tst_KeySection::anIdChangedAtRunTimeCounts()
 {
     EC::K7DropButton key;
     key.setProperty(Constants::PROPERTY_KORVOECKEY, 7);
-    QVERIFY(paintMatchingKey({&key}, colorRecord(7, 255, 0, 0)));
+    const auto keys = indexOf<EC::K7DropButton>({&key});
+    QVERIFY(paintMatchingKey(keys.get(), colorRecord(7, 255, 0, 0)));
 
     key.setProperty(Constants::PROPERTY_KORVOECKEY, 8);
-    QVERIFY(!paintMatchingKey({&key}, colorRecord(7, 0, 255, 0)));
+    QVERIFY(!paintMatchingKey(keys.get(), colorRecord(7, 0, 255, 0)));
     QVERIFY(key.styleSheet().contains(QLatin1String("ecbutton_red")));
-    QVERIFY(paintMatchingKey({&key}, colorRecord(8, 0, 255, 0)));
+    QVERIFY(paintMatchingKey(keys.get(), colorRecord(8, 0, 255, 0)));
     QVERIFY(key.styleSheet().contains(QLatin1String("ecbutton_green")));
 }
 
@@ -180,13 +199,14 @@ void tst_KeySection::keysLoseTheirLookOnceThePlugInIsGone()
     quint32 id = 1;
     for (EC::K7DropButton *one : keys)
         one->setProperty(Constants::PROPERTY_KORVOECKEY, id++);
+    const auto index = indexOf(keys);
     paintIdle(&key);
     QVERIFY(!key.styleSheet().isEmpty());
 
     m_live.reset();
     QVERIFY(paintAllKeys(keys, colorRecord(255, 255, 0, 0)));
     for (id = 1; id <= 3; ++id)
-        QVERIFY(paintMatchingKey(keys, colorRecord(id, 255, 0, 0), pageKeys));
+        QVERIFY(paintMatchingKey(index.get(), colorRecord(id, 255, 0, 0), pageKeys));
     paintIdle(&key);
     paintIdle(pageKeys);
     for (const EC::K7DropButton *one : keys)
