@@ -255,7 +255,7 @@ void K7DropButton::Private::follow(const QTouchEvent::TouchPoint &point)
             press(finger, [this, pos] {
                 QMouseEvent down(QEvent::MouseButtonPress, pos, Qt::LeftButton, Qt::LeftButton,
                                  Qt::NoModifier);
-                m_key->QToolButton::mousePressEvent(&down);
+                m_key->pressButton(&down);
             });
     } else if (!isHeldBy(finger)) {
         return;
@@ -459,7 +459,16 @@ void K7DropButton::mousePressEvent(QMouseEvent *event)
     if (event->button() != Qt::LeftButton)
         event->ignore();
     else if (!m_d->isAfterTouch(event))
-        m_d->press({Private::By::Mouse, 0}, [this, event] { QToolButton::mousePressEvent(event); });
+        m_d->press({Private::By::Mouse, 0}, [this, event] { pressButton(event); });
+}
+
+/// A tool button looks first whether its menu is meant, which takes as long as a third of the press.
+void K7DropButton::pressButton(QMouseEvent *event)
+{
+    if (popupMode() == MenuButtonPopup)
+        QToolButton::mousePressEvent(event);
+    else
+        QAbstractButton::mousePressEvent(event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void K7DropButton::mouseMoveEvent(QMouseEvent *event)

@@ -62,6 +62,7 @@ private:
     Q_DISABLE_COPY(K7DropButton)
 
     QString sheetForStyle() const;
+    void pressButton(QMouseEvent *event);
 
     class Private;
     const std::unique_ptr<Private> m_d;

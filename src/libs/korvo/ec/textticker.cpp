@@ -5,8 +5,8 @@
 
 #include <QEvent>
 #include <QPainter>
-#include <QStaticText>
 #include <QStyle>
+#include <QTextLayout>
 #include <QTimer>
 #include <QtMath>
 
@@ -62,6 +62,7 @@ public:
     explicit Private(TextTicker *label)
         : m_label(label)
     {
+        m_line.setCacheEnabled(true); // drawn more often than laid out
     }
 
     void arrange();
@@ -85,7 +86,7 @@ private:
 
     TextTicker *const m_label;
     std::shared_ptr<QTimer> m_clock; // held while the text scrolls before someone's eyes
-    QStaticText m_line;
+    QTextLayout m_line;
     QSize m_lineSize;
     QString m_text; // what m_line was laid out from
     bool m_isLaidOut = false;
@@ -112,10 +113,15 @@ void TextTicker::Private::arrange()
 void TextTicker::Private::layOut()
 {
     m_text = m_label->text();
-    m_line = QStaticText(singleLine(m_text));
-    m_line.setTextFormat(Qt::PlainText);
-    m_line.prepare(QTransform(), m_label->font());
-    m_lineSize = QSize(qCeil(m_line.size().width()), qCeil(m_line.size().height()));
+    m_line.setText(singleLine(m_text));
+    m_line.setFont(m_label->font());
+    m_line.beginLayout();
+    QTextLine line = m_line.createLine();
+    if (line.isValid())
+        line.setNumColumns(m_text.size()); // on one line, however long it is, from the left
+    m_line.endLayout();
+    const QRectF bounds = m_line.boundingRect();
+    m_lineSize = QSize(qCeil(line.isValid() ? line.naturalTextWidth() : 0), qCeil(bounds.height()));
     m_isLaidOut = true;
     m_tick = 0;
 }
@@ -186,7 +192,7 @@ void TextTicker::Private::drawLine(QPainter *painter, const QPoint &start) const
 {
     // Whole device pixels keep the glyphs crisp, and their distances the same from tick to tick.
     const qreal ratio = painter->device()->devicePixelRatioF();
-    painter->drawStaticText(QPointF(qRound(start.x() * ratio) / ratio, start.y()), m_line);
+    m_line.draw(painter, QPointF(qRound(start.x() * ratio) / ratio, start.y()));
 }
 
 /// A ground of its own is opaque, so that nothing behind the label has to be painted when its text changes.
@@ -199,13 +205,14 @@ void TextTicker::Private::paintGround(QPainter *painter) const
 {
     const QRect rect = m_label->rect();
     const QPalette palette = m_label->palette();
-    painter->fillRect(rect, palette.mid());
-    painter->fillRect(rect.adjusted(edge, edge, -edge, -edge), palette.window());
+    painter->fillRect(rect, palette.color(QPalette::Mid));
+    painter->fillRect(rect.adjusted(edge, edge, -edge, -edge), palette.color(QPalette::Window));
 }
 
 void TextTicker::Private::paint(QPainter *painter) const
 {
-    painter->setClipRect(area());
+    if (m_scrolls || m_lineSize.height() > area().height())
+        painter->setClipRect(area());
     painter->setPen(m_label->palette().color(m_label->foregroundRole()));
     if (!m_scrolls) {
         drawLine(painter, lineStart());
@@ -273,7 +280,8 @@ void TextTicker::paintEvent(QPaintEvent *)
     QPainter painter(this);
     if (testAttribute(Qt::WA_OpaquePaintEvent))
         m_d->paintGround(&painter);
-    drawFrame(&painter);
+    if (frameStyle() != NoFrame || testAttribute(Qt::WA_StyledBackground))
+        drawFrame(&painter);
     m_d->paint(&painter);
 }
 
