@@ -19,11 +19,11 @@ namespace K7Host {
 /// the base's.
 struct Theme
 {
-    QString name;        ///< for people
-    QStringList folders; ///< absolute; own one, then the base's
-    QString styleSheet;  ///< with colours in place of their names
-    QPalette palette;    ///< for what the style sheet does not style
-    QPalette keyPalette; ///< of keys, which paint themselves
+    QString name;         ///< for people
+    QStringList folders;  ///< absolute; own one, then the base's
+    QString styleSheet;   ///< with colours in place of their names
+    QPalette palette;     ///< for what the style sheet does not style
+    QPalette keyPalette;  ///< of keys, which paint themselves
     QPalette oledPalette; ///< of OLED labels, which paint themselves
 };
 

@@ -39,8 +39,8 @@ namespace Korvo::EC {
 class KORVO_EC_EXPORT K7DropButton : public QToolButton
 {
     Q_OBJECT
-    /// What of the style sheet is left to the style: nothing, when the key paints it all by itself. Qt's style
-    /// reads sheets by this property; styleSheet() tells all of it.
+    /// What of the style sheet is left to the style: nothing, when the key paints it all by itself. Qt's
+    /// style reads sheets by this property; styleSheet() tells all of it.
     Q_PROPERTY(QString styleSheet READ sheetForStyle WRITE setStyleSheet)
 
 public:

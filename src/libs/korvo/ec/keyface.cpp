@@ -52,7 +52,8 @@ QPixmap paint(const KeyFace &face)
     };
     fill(cap, capRadius, face.rim);
     if (face.rim != face.ground)
-        fill(QRectF(cap).adjusted(rimWidth, rimWidth, -rimWidth, -rimWidth), capRadius - rimWidth, face.ground);
+        fill(QRectF(cap).adjusted(rimWidth, rimWidth, -rimWidth, -rimWidth), capRadius - rimWidth,
+             face.ground);
     if (!face.picture.isEmpty() && !cap.isEmpty())
         painter.drawImage(cap, readPicture(face.picture, cap.size() * face.pixelRatio));
     return pixmap;

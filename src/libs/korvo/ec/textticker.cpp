@@ -70,7 +70,7 @@ public:
     void setShown(bool isShown);
     bool isShown() const { return m_isShown; }
     void chooseGround();
-    void paintGround(QPainter *painter) const;
+    void paintGround(QPainter *painter, const QRect &dirty) const;
     void paint(QPainter *painter) const;
     QSize sizeFor(int characters) const;
 
@@ -201,12 +201,14 @@ void TextTicker::Private::chooseGround()
     m_label->setAttribute(Qt::WA_OpaquePaintEvent, !m_label->testAttribute(Qt::WA_StyledBackground));
 }
 
-void TextTicker::Private::paintGround(QPainter *painter) const
+/// As much of it as \a dirty needs: a new text leaves the line around it alone.
+void TextTicker::Private::paintGround(QPainter *painter, const QRect &dirty) const
 {
-    const QRect rect = m_label->rect();
+    const QRect inside = m_label->rect().adjusted(edge, edge, -edge, -edge);
     const QPalette palette = m_label->palette();
-    painter->fillRect(rect, palette.color(QPalette::Mid));
-    painter->fillRect(rect.adjusted(edge, edge, -edge, -edge), palette.color(QPalette::Window));
+    if (!inside.contains(dirty))
+        painter->fillRect(m_label->rect(), palette.color(QPalette::Mid));
+    painter->fillRect(inside, palette.color(QPalette::Window));
 }
 
 void TextTicker::Private::paint(QPainter *painter) const
@@ -274,13 +276,13 @@ bool TextTicker::event(QEvent *event)
     return isHandled;
 }
 
-void TextTicker::paintEvent(QPaintEvent *)
+void TextTicker::paintEvent(QPaintEvent *event)
 {
     m_d->arrange(); // the text may have been set through QLabel
     QPainter painter(this);
     if (testAttribute(Qt::WA_OpaquePaintEvent))
-        m_d->paintGround(&painter);
-    if (frameStyle() != NoFrame || testAttribute(Qt::WA_StyledBackground))
+        m_d->paintGround(&painter, event->rect());
+    if (frameShape() != NoFrame || testAttribute(Qt::WA_StyledBackground))
         drawFrame(&painter);
     m_d->paint(&painter);
 }
