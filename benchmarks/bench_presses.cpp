@@ -3,6 +3,9 @@
 
 #include "consolepair.h"
 
+#include <korvo/keyboard/ikorvoeckeyboard.h>
+#include <korvo/keyboard/records.h>
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QMouseEvent>
@@ -105,7 +108,9 @@ void bench_Presses::initTestCase()
     m_screen = QTest::createTouchDevice();
     m_consoles = std::make_unique<ConsolePair>();
     for (const bool isPlain : {false, true}) {
-        const Korvo::IKorvoECKeyboardPlugin *plugin = m_consoles->console(isPlain)->plugin();
+        ShownConsole *console = m_consoles->console(isPlain);
+        console->left()->updateECButtonColor(std::make_shared<Korvo::ECButtonColor>()); // as a host does first
+        const Korvo::IKorvoECKeyboardPlugin *plugin = console->plugin();
         connect(plugin, &Korvo::IKorvoECKeyboardPlugin::ecButtonPressed, this, [this] { ++m_pressed; });
         connect(plugin, &Korvo::IKorvoECKeyboardPlugin::ecButtonRelease, this, [this] { ++m_released; });
     }
