@@ -37,15 +37,10 @@ ConsoleWindow::ConsoleWindow(const QList<QWeakPointer<IKorvoECKeyboard>> &halves
         if (const auto keyboard = half.toStrongRef()) {
             m_halves.push_back({half, keyboard->size()});
             keyboard->setParent(this);
-            keyboard->show();
-            // Sizes depend on fonts and borders, which come with the style sheet.
-            const auto children = keyboard->findChildren<QWidget *>();
-            for (const QWidget *child : children)
-                child->ensurePolished();
+            if (keyboard->isHidden())
+                keyboard->show();
         }
     }
-    m_panel->ensurePolished();
-    placeHalves();
     // No key looks focused before somebody moves the focus to one.
     setFocusPolicy(Qt::ClickFocus);
     setFocus();
@@ -61,6 +56,7 @@ ConsoleWindow::~ConsoleWindow()
 
 QImage ConsoleWindow::picture(qreal factor)
 {
+    ensurePolished(); // which gives it its size
     QImage image((QSizeF(size()) * factor).toSize(), QImage::Format_RGB32);
     image.fill(palette().color(QPalette::Window));
     // Scaled by the painter: rendering to an image with a pixel ratio below 1 leaves part of it out.
@@ -87,7 +83,12 @@ bool ConsoleWindow::event(QEvent *event)
     // A half wants another size, now that the style sheet has reached all of its children.
     if (event->type() == QEvent::LayoutRequest)
         placeHalves();
-    return QWidget::event(event);
+    const bool isHandled = QWidget::event(event);
+    if (event->type() == QEvent::Polish) {
+        polishChildren();
+        placeHalves();
+    }
+    return isHandled;
 }
 
 bool ConsoleWindow::focusNextPrevChild(bool next)
@@ -104,6 +105,15 @@ void ConsoleWindow::paintEvent(QPaintEvent *event)
         // The halves are painted after their window.
         QTimer::singleShot(0, this, &ConsoleWindow::shown);
     }
+}
+
+/// Sizes depend on fonts and borders, which come with the style sheet. Not before the window is polished
+/// itself: what is polished and then put into another window is all polished anew.
+void ConsoleWindow::polishChildren()
+{
+    const auto children = findChildren<QWidget *>();
+    for (const QWidget *child : children)
+        child->ensurePolished();
 }
 
 void ConsoleWindow::placeHalves()

@@ -20,7 +20,8 @@ class HardwarePanel;
 class PowerCover;
 
 /// Shows console halves side by side at their native size, tops aligned, and below the left one, where it has
-/// room, what the console's hardware is set to. While the console has no power it is covered.
+/// room, what the console's hardware is set to. While the console has no power it is covered. It has its size
+/// once it is polished, which it is when it is shown or is put into another widget that is asked for sizes.
 ///
 /// The plug-in keeps owning the halves: the window gives back those that are still there when it goes.
 class ConsoleWindow : public QWidget
@@ -59,6 +60,7 @@ private:
         QSize formSize; // as the plug-in made it, before the window gave it a place
     };
 
+    void polishChildren();
     void placeHalves();
     void placePanel(const QRect &room);
     void cover(Power power);

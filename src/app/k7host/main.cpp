@@ -85,9 +85,18 @@ struct Parts
     SimulatedProcessor *processor;
     ApplicationLanguage *language;
     Instruments *instruments;
+    bool isTrace; // what is played
 
     qreal scale() const { return options.scaleGiven ? options.scale : settings->scale(); }
 };
+
+/// To be called when the halves have a parent: the session gives every key a style sheet, with which each new
+/// parent polishes it anew.
+void beginSession(const Parts &parts)
+{
+    if (!parts.isTrace) // which holds all that the link would report
+        parts.session->start();
+}
 
 using Picture = std::function<QImage(qreal factor)>;
 
@@ -131,6 +140,7 @@ int runUntilAsked()
 int runInWindow(const Parts &parts)
 {
     ConsoleWindow console(parts.session->halves());
+    beginSession(parts);
     join(&console, parts.processor);
     addTouchAids(&console, parts);
     HostWindow window(&console, parts.settings);
@@ -153,6 +163,7 @@ int runInWindow(const Parts &parts)
 int runAsKiosk(const Parts &parts)
 {
     Kiosk kiosk(parts.session->halves(), parts.scale());
+    beginSession(parts);
     const QList<ConsoleWindow *> consoles = kiosk.consoles();
     for (ConsoleWindow *console : consoles) {
         join(console, parts.processor);
@@ -231,14 +242,12 @@ int showConsole(int argc, char *argv[], const Options &options)
     session.prepare();
     if (const auto fault = instruments.watch(&session))
         return report(*fault);
-    // A trace holds all that the link would report.
-    if (!scenario.isTrace())
-        session.start();
     followScenario(&instruments, &session, options, scenario.isTrace());
     if (session.halves().isEmpty())
         return report({ExitPluginUnusable, QStringLiteral("the plug-in supplies no console halves")});
 
-    const Parts parts{options, &settings, themeDir, &session, &processor, &language, &instruments};
+    const Parts parts{options,    &settings, themeDir,     &session,
+                      &processor, &language, &instruments, scenario.isTrace()};
     const int exitCode = options.kiosk ? runAsKiosk(parts) : runInWindow(parts);
     std::fputs(qPrintable(instruments.latencySummary()), stderr);
     return exitCode;

@@ -178,7 +178,8 @@ void ConsoleFloatWidget::initPeripheralModule(bool visible)
              ui->label_peripheral, ui->label_screenNumber, ui->label_resolution, ui->label_currentPanel,
              ui->label_width, ui->label_height, ui->screenNumberCombox, ui->screenScrollArea,
              ui->spinBox_width, ui->spinBox_height, ui->currentPanelCheckBox, ui->peripheralApply})
-        widget->setVisible(visible);
+        if (widget->isHidden() == visible)
+            widget->setVisible(visible);
     ui->peripheralApply->setAutoDefault(false);
 }
 

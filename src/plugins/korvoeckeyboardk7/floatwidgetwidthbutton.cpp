@@ -43,7 +43,8 @@ void FloatWidgetWidthButton::createWidgets()
     m_pFloatbutton->setFixedSize(ButtonSize);
     mark(m_pFloatbutton, "floatButton_hide");
     m_pFloatWidget = new ConsoleFloatWidget(this);
-    m_pFloatWidget->setVisible(true);
+    if (m_pFloatWidget->isHidden()) // else it shows with its parent, and would be polished now in vain
+        m_pFloatWidget->show();
     m_pFloatWidget->move(width() - m_pFloatWidget->width() - 1, 0);
     m_pFloatWidget->lower();
     m_pFloatbutton->move(width() - m_pFloatWidget->width() - OpenGap, ButtonY);

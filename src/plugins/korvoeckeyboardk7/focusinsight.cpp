@@ -18,7 +18,7 @@ FocusInSight::FocusInSight(QScrollArea *area)
     : QObject(area)
     , m_area(area)
 {
-    const auto controls = area->widget()->findChildren<QWidget *>();
+    const auto controls = area->viewport()->findChildren<QWidget *>();
     for (QWidget *control : controls) {
         if (control->focusPolicy() & Qt::TabFocus)
             control->installEventFilter(this);

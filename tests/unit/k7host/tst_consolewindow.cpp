@@ -41,6 +41,7 @@ class tst_ConsoleWindow : public QObject
 
 private slots:
     void theHalvesStandSideBySideWithTheirTopsAligned();
+    void theHalvesArePolishedWithTheWindow();
     void aHalfGetsTheSizeThatItNeeds_data();
     void aHalfGetsTheSizeThatItNeeds();
     void aHalfThatWantsMoreRoomLaterGetsIt();
@@ -70,6 +71,7 @@ void tst_ConsoleWindow::theHalvesStandSideBySideWithTheirTopsAligned()
 {
     const FakeKeyboardPlugin plugin;
     ConsoleWindow window(plugin.keyboards());
+    window.ensurePolished();
     QCOMPARE(window.windowTitle(), QStringLiteral("K7"));
     QCOMPARE(plugin.left->parentWidget(), &window);
     QCOMPARE(plugin.right->parentWidget(), &window);
@@ -81,6 +83,18 @@ void tst_ConsoleWindow::theHalvesStandSideBySideWithTheirTopsAligned()
     QVERIFY(plugin.left->isVisible());
     QVERIFY(plugin.right->isVisible());
     QCOMPARE(window.size(), QSize(3489, 1050));
+}
+
+// What is polished before would be polished anew when the window is put into another one.
+void tst_ConsoleWindow::theHalvesArePolishedWithTheWindow()
+{
+    const FakeKeyboardPlugin plugin;
+    const ConsoleWindow window(plugin.keyboards());
+    QVERIFY(!plugin.left->testAttribute(Qt::WA_WState_Polished));
+    QVERIFY(!plugin.right->testAttribute(Qt::WA_WState_Polished));
+    window.ensurePolished();
+    QVERIFY(plugin.left->testAttribute(Qt::WA_WState_Polished));
+    QVERIFY(plugin.right->testAttribute(Qt::WA_WState_Polished));
 }
 
 void tst_ConsoleWindow::aHalfGetsTheSizeThatItNeeds_data()
@@ -115,6 +129,7 @@ void tst_ConsoleWindow::aHalfGetsTheSizeThatItNeeds()
     half->setMaximumSize(maximum);
     const Half neighbour(new FakeKeyboard(Qt::blue, QSize(10, 10)));
     const ConsoleWindow window({half, neighbour});
+    window.ensurePolished();
     QTEST(half->size(), "expectedSize");
     QCOMPARE(neighbour->pos(), QPoint(half->width() + Seam, 0));
     QCOMPARE(window.size(), half->size() + QSize(Seam + 10, 0));
@@ -245,6 +260,7 @@ void tst_ConsoleWindow::halvesThatAreGoneAreLeftOut()
     const auto halves = plugin.keyboards();
     plugin.left.reset();
     const ConsoleWindow window(halves);
+    window.ensurePolished();
     QCOMPARE(plugin.right->geometry(), QRect(0, 0, 1719, 1050));
     QCOMPARE(window.size(), QSize(1719, 1050));
 }

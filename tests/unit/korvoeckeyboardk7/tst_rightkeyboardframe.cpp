@@ -11,9 +11,12 @@
 
 #include <QBoxLayout>
 #include <QLabel>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QThread>
+
+#include <algorithm>
 
 using namespace Korvo;
 using Korvo::ECKeyboard::K7::LogoKeyboardFrame;
@@ -51,6 +54,7 @@ private slots:
     void recordsReachTheStrip();
     void theNormalStyleLeavesTheStrip();
     void nothingOfTheStripIsAKey();
+    void theWidgetsAreNotPolishedBeforeTheHalf();
 
 protected:
     std::unique_ptr<IKorvoECKeyboard> create() override
@@ -354,6 +358,27 @@ void tst_RightKeyboardFrame::nothingOfTheStripIsAKey()
     const QList<QWidget *> widgets = strip()->findChildren<QWidget *>();
     for (const QWidget *widget : widgets)
         QVERIFY2(!widget->property("KorvoECKey").isValid(), qPrintable(widget->objectName()));
+}
+
+// What is polished before would be polished anew when a host gives the half a place.
+void tst_RightKeyboardFrame::theWidgetsAreNotPolishedBeforeTheHalf()
+{
+    const auto isPolished = [](const QWidget *widget) {
+        return widget->testAttribute(Qt::WA_WState_Polished);
+    };
+    const QList<QWidget *> widgets = m_keyboard->findChildren<QWidget *>();
+    QVERIFY(widgets.size() > 200);
+    QStringList early;
+    for (const QWidget *widget : widgets) {
+        // Scroll areas ask their bars for sizes themselves.
+        if (isPolished(widget) && !qobject_cast<const QScrollBar *>(widget))
+            early << QString::fromLatin1(widget->metaObject()->className()) + QLatin1Char(' ') +
+                         widget->objectName();
+    }
+    QCOMPARE(early.join(QLatin1Char(' ')), QString());
+
+    m_keyboard->ensurePolished();
+    QVERIFY(std::all_of(widgets.cbegin(), widgets.cend(), isPolished));
 }
 
 QTEST_MAIN(tst_RightKeyboardFrame)

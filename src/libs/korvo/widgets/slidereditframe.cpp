@@ -244,14 +244,22 @@ QToolButton *SliderEditFramePrivate::addButton(const QString &text, const QStrin
     return button;
 }
 
+/// Leaves alone what shows with the frame anyway: showing it by itself polishes it, before the frame is where
+/// it belongs, and once more there.
+void setShown(QWidget *part, bool isShown)
+{
+    if (part->isHidden() == isShown)
+        part->setVisible(isShown);
+}
+
 // A gap shows only between parts that show, so the row is laid anew whenever one comes or goes.
 void SliderEditFramePrivate::arrange()
 {
     const bool hasLabel = !label->text().isEmpty();
-    label->setVisible(hasLabel);
-    slider->setVisible(hasSlider);
-    minus->setVisible(hasButtons);
-    plus->setVisible(hasButtons);
+    setShown(label, hasLabel);
+    setShown(slider, hasSlider);
+    setShown(minus, hasButtons);
+    setShown(plus, hasButtons);
 
     while (QLayoutItem *item = layout->takeAt(0))
         delete item;

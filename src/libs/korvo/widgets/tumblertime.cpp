@@ -199,7 +199,8 @@ int TumblerTime::hourCount() const
 
 void TumblerTime::setTypeVisible(bool isVisible)
 {
-    d->type->setVisible(isVisible);
+    if (d->type->isHidden() == isVisible)
+        d->type->setVisible(isVisible);
 }
 
 bool TumblerTime::isTypeVisible() const

@@ -124,7 +124,8 @@ private:
 };
 
 Octet::Octet(int index, IPLineEditPrivate *editor)
-    : m_index(index)
+    : QLineEdit(editor->q) // before it has a style sheet, with which every new parent polishes it anew
+    , m_index(index)
     , m_editor(editor)
 {
     setObjectName(QStringLiteral("octet_%1").arg(index + 1));
