@@ -6,7 +6,7 @@
 //
 //  - a mutex and a semaphore order as such;
 //  - what comes before the start of a function in a thread pool comes before the function;
-//  - what a thread did before it emitted a signal or made a connection comes before every
+//  - what a thread did before it emitted a signal, made a connection or posted an event comes before every
 //    event that is delivered later. It is more than Qt promises, since it does not ask for which receiver,
 //    but a smaller promise would need Qt's private headers;
 //  - what a thread did comes before the end of a wait for it.
@@ -156,6 +156,15 @@ KORVO_ORDER(_ZN11QMetaObject8activateEP7QObjectPKS_iPPv, void, QObject *sender, 
         "_ZN11QMetaObject8activateEP7QObjectPKS_iPPv");
     __tsan_release(&events);
     activate(sender, meta, signal, arguments);
+}
+
+KORVO_ORDER(_ZN16QCoreApplication9postEventEP7QObjectP6QEventi, void, QObject *receiver, QEvent *event,
+            int priority)
+{
+    static auto *const postEvent =
+        theirs<void(QObject *, QEvent *, int)>("_ZN16QCoreApplication9postEventEP7QObjectP6QEventi");
+    __tsan_release(&events);
+    postEvent(receiver, event, priority);
 }
 
 #define KORVO_CONNECT \

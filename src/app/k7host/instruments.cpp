@@ -206,7 +206,7 @@ void Instruments::Private::beginInspecting()
     traffic->addListener(inspector->listener());
     makeRecorder();
     if (!options.latency) {
-        qApp->installEventFilter(meter.get());
+        meter->setMeasuring(true);
         session->addObserver(meter.get());
     }
     if (!plays() && !records())
@@ -219,7 +219,7 @@ void Instruments::Private::endInspecting()
     if (!records())
         recorder.reset();
     if (!options.latency) {
-        qApp->removeEventFilter(meter.get());
+        meter->setMeasuring(false);
         session->removeObserver(meter.get());
     }
     if (!plays() && !records())

@@ -4,6 +4,8 @@
 #include "latencymeter.h"
 
 #include "devicelink.h"
+#include "handoverwatch.h"
+#include "looprates.h"
 #include "unpaintedrecords.h"
 
 #include <korvo/keyboard/constants.h>
@@ -34,6 +36,7 @@ namespace K7Host {
 namespace {
 
 constexpr quint32 EveryKey = 255;
+constexpr int SummaryNameWidth = 20;
 
 using WidgetList = UnpaintedRecords::WidgetList;
 
@@ -164,6 +167,14 @@ private:
     WidgetList m_levers;
 };
 
+/// Whether \a call is of a kind whose parts are known.
+bool isMeasured(const HostCall &call)
+{
+    return std::holds_alternative<std::shared_ptr<Korvo::ECButtonColor>>(call) ||
+           std::holds_alternative<std::shared_ptr<Korvo::ECOLEDText>>(call) ||
+           std::holds_alternative<std::shared_ptr<Korvo::ECTBarValue>>(call);
+}
+
 /// What a record changes of a widget.
 struct ShownState
 {
@@ -189,12 +200,46 @@ struct ShownState
     tbar::TbarDirection direction = tbar::BottomToTop;
 };
 
+/// What a record may change, as it was before.
+class StatesBefore
+{
+public:
+    StatesBefore() = default;
+    explicit StatesBefore(const WidgetList &widgets)
+    {
+        m_states.reserve(widgets.size());
+        for (const QPointer<QWidget> &widget : widgets) {
+            if (widget)
+                m_states.emplace_back(widget, ShownState(widget));
+        }
+    }
+    WidgetList changedOnes() const
+    {
+        WidgetList widgets;
+        for (const auto &[widget, before] : m_states) {
+            if (widget && ShownState(widget) != before)
+                widgets.push_back(widget);
+        }
+        return widgets;
+    }
+
+private:
+    std::vector<std::pair<QPointer<QWidget>, ShownState>> m_states;
+};
+
 /// A record that a half is taking.
 struct OpenCall
 {
     const HostCall *call;
-    std::vector<std::pair<QPointer<QWidget>, ShownState>> before;
-    qint64 begin = 0;
+    StatesBefore before;
+    qint64 begin;
+};
+
+/// A record of another thread that waits to be taken.
+struct FollowedCall
+{
+    StatesBefore before;
+    qint64 begin;
 };
 
 } // namespace
@@ -204,16 +249,30 @@ class LatencyMeter::Private
 public:
     explicit Private(const Clock &clock)
         : now(clock ? clock : monotonicClock())
+        , elsewhere(now)
     {
+    }
+
+    StatesBefore statesBefore(const HostCall &call, const IKorvoECKeyboard *keyboard) const
+    {
+        const auto found = parts.constFind(keyboard);
+        return found != parts.cend() ? StatesBefore(found->of(call)) : StatesBefore();
     }
 
     const Clock now;
     QHash<const IKorvoECKeyboard *, ChangingParts> parts; // by half, constant
     LatencyFigures touchToCode;
     LatencyFigures recordToPixel;
+    LatencyFigures idleRecordToReturn;
+    LatencyFigures changingRecordToReturn;
+    LatencyFigures recordInQueue;
+    qint64 recordCount = 0; // of this thread
+    LoopRates rates;
 
     PressOnItsWay press;
     std::vector<OpenCall> calls; // that have not returned; the innermost is the last
+    HandOverWatch elsewhere;
+    std::optional<FollowedCall> followed; // of another thread, until it is known to have been taken
     UnpaintedRecords records;
     bool isUpdating = false; // a window is being painted on the screen
     bool isEndPosted = false;
@@ -228,10 +287,23 @@ LatencyMeter::LatencyMeter(const QList<QWeakPointer<IKorvoECKeyboard>> &halves, 
         if (const auto keyboard = half.toStrongRef())
             d->parts.insert(keyboard.data(), ChangingParts(keyboard.data()));
     }
-    qApp->installEventFilter(this);
+    connect(&d->elsewhere, &HandOverWatch::comes, this, &LatencyMeter::followedComes);
+    connect(&d->elsewhere, &HandOverWatch::taken, this, &LatencyMeter::followedWasTaken);
+    setMeasuring(true);
 }
 
 LatencyMeter::~LatencyMeter() = default;
+
+void LatencyMeter::setMeasuring(bool isOn)
+{
+    if (isOn) {
+        qApp->installEventFilter(this);
+        d->rates.start(d->now());
+    } else {
+        qApp->removeEventFilter(this);
+        d->rates.stop(d->now());
+    }
+}
 
 const LatencyFigures &LatencyMeter::touchToCode() const
 {
@@ -243,12 +315,68 @@ const LatencyFigures &LatencyMeter::recordToPixel() const
     return d->recordToPixel;
 }
 
+const LatencyFigures &LatencyMeter::idleRecordToReturn() const
+{
+    return d->idleRecordToReturn;
+}
+
+const LatencyFigures &LatencyMeter::changingRecordToReturn() const
+{
+    return d->changingRecordToReturn;
+}
+
+const LatencyFigures &LatencyMeter::recordInQueue() const
+{
+    return d->recordInQueue;
+}
+
+qint64 LatencyMeter::recordCount() const
+{
+    return d->recordCount + d->elsewhere.count();
+}
+
+qint64 LatencyMeter::mostWaiting() const
+{
+    return d->elsewhere.mostWaiting();
+}
+
+double LatencyMeter::wakeUpRate() const
+{
+    return d->rates.wakeUps(d->now());
+}
+
+double LatencyMeter::paintRate() const
+{
+    return d->rates.paints(d->now());
+}
+
+std::vector<LatencyMeter::Row> LatencyMeter::rows() const
+{
+    return {{QStringLiteral("touch to key code"), &d->touchToCode},
+            {QStringLiteral("record to pixel"), &d->recordToPixel},
+            {QStringLiteral("record, no change"), &d->idleRecordToReturn},
+            {QStringLiteral("record, change"), &d->changingRecordToReturn},
+            {QStringLiteral("record in the queue"), &d->recordInQueue}};
+}
+
+QString LatencyMeter::recordsText() const
+{
+    return QStringLiteral("%1 in all, at most %2 waiting").arg(recordCount()).arg(mostWaiting());
+}
+
+QString LatencyMeter::ratesText() const
+{
+    return QStringLiteral("%1 wake-ups, %2 paints a second")
+        .arg(wakeUpRate(), 0, 'f', 1)
+        .arg(paintRate(), 0, 'f', 1);
+}
+
 QString LatencyMeter::summary() const
 {
     const auto line = [](const QString &name, const QString &count, const QString &median,
                          const QString &percentile99, const QString &worst) {
         return QStringLiteral("%1%2%3%4%5\n")
-            .arg(name, -18)
+            .arg(name, -SummaryNameWidth)
             .arg(count, 9)
             .arg(median, 12)
             .arg(percentile99, 12)
@@ -256,53 +384,74 @@ QString LatencyMeter::summary() const
     };
     const auto lineOf = [&line](const QString &name, const LatencyFigures &figures) {
         if (figures.count() == 0)
-            return QStringLiteral("%1%2\n").arg(name, -18).arg(QStringLiteral("none"), 9);
+            return QStringLiteral("%1%2\n").arg(name, -SummaryNameWidth).arg(QStringLiteral("none"), 9);
         return line(name, QString::number(figures.count()), millisecondsText(figures.median()),
                     millisecondsText(figures.percentile99()), millisecondsText(figures.worst()));
     };
-    return line(QStringLiteral("latency"), QStringLiteral("count"), QStringLiteral("median"),
-                QStringLiteral("99 %"), QStringLiteral("worst")) +
-           lineOf(QStringLiteral("touch to key code"), d->touchToCode) +
-           lineOf(QStringLiteral("record to pixel"), d->recordToPixel);
+    QString text = line(QStringLiteral("latency"), QStringLiteral("count"), QStringLiteral("median"),
+                        QStringLiteral("99 %"), QStringLiteral("worst"));
+    for (const Row &row : rows())
+        text += lineOf(row.name, *row.figures);
+    text += QStringLiteral("%1 %2\n").arg(QStringLiteral("records"), -SummaryNameWidth).arg(recordsText());
+    text += QStringLiteral("%1 %2\n").arg(QStringLiteral("event loop"), -SummaryNameWidth).arg(ratesText());
+    return text;
 }
 
 void LatencyMeter::reset()
 {
     d->touchToCode = LatencyFigures();
     d->recordToPixel = LatencyFigures();
+    d->idleRecordToReturn = LatencyFigures();
+    d->changingRecordToReturn = LatencyFigures();
+    d->recordInQueue = LatencyFigures();
+    d->recordCount = 0;
+    d->elsewhere.reset();
+    d->rates.reset(d->now());
     emit changed();
 }
 
 void LatencyMeter::calling(const HostCall &call, Half /*half*/, IKorvoECKeyboard *keyboard)
 {
-    if (QThread::currentThread() != thread())
+    if (QThread::currentThread() != thread()) {
+        d->elsewhere.calling(call, keyboard);
         return;
-    const auto parts = d->parts.constFind(keyboard);
-    const WidgetList widgets = parts != d->parts.cend() ? parts->of(call) : WidgetList();
-    if (widgets.empty())
-        return;
-    OpenCall open{&call, {}};
-    for (const QPointer<QWidget> &widget : widgets) {
-        if (widget)
-            open.before.emplace_back(widget, ShownState(widget));
     }
-    d->calls.push_back(std::move(open));
+    ++d->recordCount;
+    if (!isMeasured(call))
+        return;
+    d->calls.push_back({&call, d->statesBefore(call, keyboard), 0});
     d->calls.back().begin = d->now();
 }
 
 void LatencyMeter::called(const HostCall &call, Half /*half*/, IKorvoECKeyboard * /*keyboard*/,
                           std::optional<bool> /*result*/)
 {
-    if (QThread::currentThread() != thread() || d->calls.empty() || d->calls.back().call != &call)
+    if (QThread::currentThread() != thread()) {
+        d->elsewhere.called(call);
         return;
+    }
+    if (d->calls.empty() || d->calls.back().call != &call)
+        return;
+    const qint64 now = d->now();
     const OpenCall open = std::move(d->calls.back());
     d->calls.pop_back();
-    WidgetList changedOnes;
-    for (const auto &[widget, before] : open.before) {
-        if (widget && ShownState(widget) != before)
-            changedOnes.push_back(widget);
-    }
+    const WidgetList changedOnes = open.before.changedOnes();
     d->records.add(changedOnes, open.begin);
+    addTo(changedOnes.empty() ? &d->idleRecordToReturn : &d->changingRecordToReturn, open.begin, now);
+}
+
+void LatencyMeter::followedComes(const HostCall &call, const IKorvoECKeyboard *keyboard, qint64 begin)
+{
+    d->followed = FollowedCall{d->statesBefore(call, keyboard), begin};
+}
+
+void LatencyMeter::followedWasTaken()
+{
+    if (!d->followed)
+        return;
+    d->records.add(d->followed->before.changedOnes(), d->followed->begin);
+    addTo(&d->recordInQueue, d->followed->begin, d->now());
+    d->followed.reset();
 }
 
 void LatencyMeter::emitted(const SignalLine &signal)
@@ -342,6 +491,12 @@ bool LatencyMeter::eventFilter(QObject *watched, QEvent *event)
         break;
     case QEvent::UpdateRequest:
     case QEvent::Expose:
+        // A window and its widget may each get one.
+        if (event->type() == QEvent::UpdateRequest && watched->isWidgetType())
+            d->rates.notePaint();
+        // What it changed is painted before its thread has come to tell that it was handed over.
+        if (d->followed && !d->followed->before.changedOnes().empty())
+            followedWasTaken();
         if (d->records.isEmpty())
             break;
         // What another window has painted is on the screen: updates are not nested.

@@ -49,8 +49,11 @@ void LatencyPage::setUpTable()
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     table->setHorizontalHeaderLabels(
         {QStringLiteral("Count"), QStringLiteral("Median"), QStringLiteral("99 %"), QStringLiteral("Worst")});
-    table->setVerticalHeaderLabels(
-        {QStringLiteral("Touch to key code"), QStringLiteral("Record to painted pixel")});
+    QStringList names;
+    for (const LatencyMeter::Row &row : m_meter->rows())
+        names << row.name.left(1).toUpper() + row.name.mid(1);
+    table->setRowCount(names.size());
+    table->setVerticalHeaderLabels(names);
     for (int row = 0; row < table->rowCount(); ++row) {
         for (int column = 0; column < table->columnCount(); ++column) {
             auto *item = new QTableWidgetItem; // the table's
@@ -69,8 +72,11 @@ void LatencyPage::followSoon()
 void LatencyPage::showFigures()
 {
     m_timer->stop();
-    showRow(0, m_meter->touchToCode());
-    showRow(1, m_meter->recordToPixel());
+    const std::vector<LatencyMeter::Row> rows = m_meter->rows();
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        showRow(static_cast<int>(i), *rows[i].figures);
+    m_ui->recordsLabel->setText(m_meter->recordsText());
+    m_ui->ratesLabel->setText(m_meter->ratesText());
 }
 
 void LatencyPage::showRow(int row, const LatencyFigures &figures)

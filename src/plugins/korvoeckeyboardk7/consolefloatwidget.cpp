@@ -75,6 +75,7 @@ ConsoleFloatWidget::ConsoleFloatWidget(QWidget *parent)
 
 ConsoleFloatWidget::~ConsoleFloatWidget()
 {
+    m_calls.close();
     // All are cancelled before any is let go: the next must not begin in its place.
     for (QFuture<int> &run : m_timeRuns)
         run.cancel();

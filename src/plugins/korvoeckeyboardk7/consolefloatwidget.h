@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "guicalls.h"
+
 #include <korvo/keyboard/records.h>
 
 #include <QFuture>
@@ -252,6 +254,7 @@ private:
     QPushButton *m_pShutdownButton = nullptr;
     std::atomic<bool> m_isRefreshStatus{false};
 
+    ECKeyboard::K7::Internal::GuiCalls m_calls;
     QMutex m_deviceIPMtx;
     QMap<int, ECDeviceIPData> m_ecDeviceIPData; // by port; m_deviceIPMtx
 

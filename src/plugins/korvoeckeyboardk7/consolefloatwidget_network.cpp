@@ -6,7 +6,6 @@
 #include "consoletexts.h"
 #include "internetthread.h"
 #include "logging.h"
-#include "onguithread.h"
 #include "ui_consolefloatwidget.h"
 
 #include <ovo/widgets/framelessmessagebox.h>
@@ -20,7 +19,6 @@
 namespace Korvo::Internal {
 
 using ECKeyboard::lcPlugin;
-using ECKeyboard::K7::Internal::onGuiThread;
 using Ovo::Widgets::FramelessMessageBox;
 
 namespace {
@@ -65,7 +63,7 @@ void ConsoleFloatWidget::updateECDeviceIP(std::shared_ptr<ECDeviceIPData> ip)
         m_ecDeviceIPData.insert(ip->Index, *ip);
     }
     const bool isRefresh = m_isRefreshStatus;
-    onGuiThread(this, [this, isRefresh] { isRefresh ? updateNetStatus() : updateIPParam(); });
+    m_calls.run([this, isRefresh] { isRefresh ? updateNetStatus() : updateIPParam(); });
 }
 
 bool ConsoleFloatWidget::getECDeviceIP(const int &port, QString &ip, QString &mask, QString &gateway,

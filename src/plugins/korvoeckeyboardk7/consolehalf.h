@@ -3,19 +3,20 @@
 
 #pragma once
 
-#include "onguithread.h"
+#include "guicalls.h"
 
 #include <QObject>
 
 /// What both console halves do alike.
 namespace Korvo::ECKeyboard::K7::Internal {
 
-/// Does \a operation to each of \a sections, in the order given, on the GUI thread of their \a half. Every
-/// section gets every record and decides for itself whether it is its own; what it answers does not matter.
+/// Does \a operation to each of \a sections, in the order given, on the GUI thread: by the \a calls of their
+/// half. Every section gets every record and decides for itself whether it is its own; what it answers does
+/// not matter.
 template <typename Operation, typename... Sections>
-void handToSections(const QObject *half, const Operation &operation, Sections *...sections)
+void handToSections(GuiCalls *calls, const Operation &operation, Sections *...sections)
 {
-    onGuiThread(half, [operation, sections...] { (operation(sections), ...); });
+    calls->run([operation, sections...] { (operation(sections), ...); });
 }
 
 /// Makes the signals of the key section \a section signals of \a half.

@@ -30,12 +30,13 @@ public:
     template <typename Operation>
     void handToSections(const Operation &operation)
     {
-        Internal::handToSections(m_pKeyboard, operation, ui->screenKeyboardFrame, ui->layerKeyboardframe,
+        Internal::handToSections(&m_calls, operation, ui->screenKeyboardFrame, ui->layerKeyboardframe,
                                  ui->inputKeyboardFrame, ui->presetKeyboardFrame);
     }
 
     LeftKeyboardFrame *m_pKeyboard; // owns this
     Ui::LeftKeyboardFrame *ui = nullptr;
+    GuiCalls m_calls;
 };
 
 void LeftKeyboardFramePrivate::createWidgets()
@@ -65,6 +66,7 @@ LeftKeyboardFrame::LeftKeyboardFrame(QWidget *parent)
 
 LeftKeyboardFrame::~LeftKeyboardFrame()
 {
+    d->m_calls.close();
     Internal::letGoOfKeys(this);
     delete d;
     d = nullptr;
@@ -106,7 +108,7 @@ void LeftKeyboardFrame::updateECDeviceIP(std::shared_ptr<ECDeviceIPData>) {}
 
 bool LeftKeyboardFrame::updateKeyboard()
 {
-    Internal::onGuiThread(this, [this] { Q_EMIT signalKorvoPluginModeChanged(); });
+    d->m_calls.run([this] { Q_EMIT signalKorvoPluginModeChanged(); });
     return true;
 }
 

@@ -32,11 +32,12 @@ public:
     template <typename Operation>
     void handToKeySections(const Operation &operation)
     {
-        handToSections(m_pKeyboard, operation, ui->numberFrame, ui->functionFrame, ui->transitionFrame);
+        handToSections(&m_calls, operation, ui->numberFrame, ui->functionFrame, ui->transitionFrame);
     }
 
     RightKeyboardFrame *m_pKeyboard; // owns this
     Ui::RightKeyboardFrame *ui = nullptr;
+    GuiCalls m_calls;
 };
 
 void RightKeyboardFramePrivate::createWidgets()
@@ -87,6 +88,7 @@ RightKeyboardFrame::RightKeyboardFrame(QWidget *parent)
 
 RightKeyboardFrame::~RightKeyboardFrame()
 {
+    d->m_calls.close();
     Internal::letGoOfKeys(this);
     delete d;
     d = nullptr;
@@ -117,7 +119,7 @@ bool RightKeyboardFrame::updateECOledText(std::shared_ptr<ECOLEDText> text)
 {
     // Not to the number section, which has no labels.
     Internal::handToSections(
-        this, [text](auto *section) { section->updateECOledText(text); }, d->ui->functionFrame,
+        &d->m_calls, [text](auto *section) { section->updateECOledText(text); }, d->ui->functionFrame,
         d->ui->transitionFrame);
     return true;
 }
@@ -125,7 +127,7 @@ bool RightKeyboardFrame::updateECOledText(std::shared_ptr<ECOLEDText> text)
 bool RightKeyboardFrame::updateTBarValue(std::shared_ptr<ECTBarValue> value)
 {
     Internal::handToSections(
-        this, [value](auto *section) { section->updateTBarValue(value); }, d->ui->tBarFrame);
+        &d->m_calls, [value](auto *section) { section->updateTBarValue(value); }, d->ui->tBarFrame);
     return true;
 }
 
@@ -136,7 +138,7 @@ void RightKeyboardFrame::updateECDeviceIP(std::shared_ptr<ECDeviceIPData> ip)
 
 bool RightKeyboardFrame::updateKeyboard()
 {
-    Internal::onGuiThread(this, [this] {
+    d->m_calls.run([this] {
         const QPointer<LogoKeyboardFrame> strip = d->ui->logoFrame;
         Q_EMIT signalKorvoPluginModeChanged();
         if (strip)
@@ -148,13 +150,13 @@ bool RightKeyboardFrame::updateKeyboard()
 void RightKeyboardFrame::updateDVISignalStatus(std::shared_ptr<DVIInSignal> signal)
 {
     Internal::handToSections(
-        this, [signal](auto *strip) { strip->updateDVISignalStatus(signal); }, d->ui->logoFrame);
+        &d->m_calls, [signal](auto *strip) { strip->updateDVISignalStatus(signal); }, d->ui->logoFrame);
 }
 
 void RightKeyboardFrame::updatePeripheralVisibleState(std::shared_ptr<PeripheralControlVisibleState> state)
 {
     Internal::handToSections(
-        this, [state](auto *strip) { strip->updatePeripheralVisibleState(state); }, d->ui->logoFrame);
+        &d->m_calls, [state](auto *strip) { strip->updatePeripheralVisibleState(state); }, d->ui->logoFrame);
 }
 
 } // namespace Korvo::ECKeyboard::K7

@@ -15,9 +15,11 @@
 #include <korvo/widgets/tbar.h>
 
 #include <QEvent>
+#include <QEventLoop>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 #include <QWindow>
 
 using namespace K7Host;
@@ -89,6 +91,13 @@ std::shared_ptr<Korvo::ECTBarValue> leverRecord(quint32 value, quint8 isBottomTo
     return record;
 }
 
+/// All that waits, and what is posted meanwhile.
+void takeAll()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::sendPostedEvents();
+}
+
 HostCall green(quint32 key)
 {
     return colorRecord(key, 0, 255, 0);
@@ -143,9 +152,22 @@ private slots:
     void whatIsCoveredIsNotWaitedFor();
     void aMinimizedWindowIsNotWaitedFor();
     void aPictureIsNotTheScreen();
-    void recordsFromAnotherThreadDoNotCount();
+    void aRecordFromAnotherThreadIsMeasuredFromItsCall();
+    void aRecordFromAnotherThreadThatChangesNothingOnlyQueues();
+    void aRecordThatIsPaintedBeforeItsThreadGoesOnIsMeasured();
+    void ofManyRecordsFromAnotherThreadOneAtATimeIsMeasured();
+    void recordsForAHalfThatGoesAreNotMeasured();
     void aHalfMayGoWhileItIsWaitedFor();
     void aRecordInTheReducedViewIsMeasuredUntilTheViewIsPainted();
+
+    void aRecordIsMeasuredUntilItReturns_data();
+    void aRecordIsMeasuredUntilItReturns();
+    void recordsOfAllKindsAreCounted();
+    void theMostThatWaitAreTold();
+    void waitingIsOverWhenAllIsTaken();
+    void paintsAreCountedByWindow();
+    void wakeUpsAreCounted();
+    void aPauseIsNotMeasured();
 
     void changesAreTold();
     void resetForgetsTheFigures();
@@ -167,6 +189,7 @@ private:
 
     SettingsFolder m_settings;
     qint64 m_now = 0;
+    qint64 m_tick = 0; // by which the clock moves on when it is asked
     QScopedPointer<LivePlugin> m_plugin;
     QScopedPointer<QuietLink> m_link;
     QScopedPointer<ConsoleSession> m_session;
@@ -181,7 +204,7 @@ void tst_LatencyMeter::init()
     m_link.reset(new QuietLink);
     m_session.reset(new ConsoleSession(&m_plugin->plugin, m_link.data()));
     m_session->prepare();
-    m_meter.reset(new LatencyMeter(m_session->halves(), [this] { return m_now; }));
+    m_meter.reset(new LatencyMeter(m_session->halves(), [this] { return m_now += m_tick; }));
     m_session->addObserver(m_meter.data());
     m_session->call(IdleLook());
     m_window.reset(new ConsoleWindow(m_session->halves()));
@@ -620,13 +643,78 @@ void tst_LatencyMeter::aPictureIsNotTheScreen()
     QCOMPARE(m_meter->recordToPixel().worst(), 14 * Ms);
 }
 
-void tst_LatencyMeter::recordsFromAnotherThreadDoNotCount()
+void tst_LatencyMeter::aRecordFromAnotherThreadIsMeasuredFromItsCall()
 {
     waitUntilShown(m_window.data());
-    const QString before = key(Key)->styleSheet();
-    runElsewhere([this] { hand(green(Key)); });
+    runElsewhere([this] { m_session->call(green(Key), Half::Left); });
+    m_now += 5 * Ms;
+    QCoreApplication::sendPostedEvents(m_session->halves().constFirst().toStrongRef().data());
+    Delay atKey(&m_now, QEvent::Paint, 4 * Ms);
+    key(Key)->installEventFilter(&atKey);
+    QTRY_COMPARE(pixelCount(), 1);
+    QCOMPARE(m_meter->recordInQueue().count(), 1);
+    QCOMPARE(m_meter->recordInQueue().worst(), 5 * Ms);
+    QCOMPARE(m_meter->recordToPixel().worst(), 9 * Ms);
+    QCOMPARE(m_meter->changingRecordToReturn().count(), 0);
+}
+
+void tst_LatencyMeter::aRecordFromAnotherThreadThatChangesNothingOnlyQueues()
+{
+    m_session->call(green(Key), Half::Left);
+    waitUntilShown(m_window.data());
+    m_meter->reset();
+    runElsewhere([this] { m_session->call(green(Key), Half::Left); });
+    m_window->repaint();
     settle(m_window.data());
-    QVERIFY(key(Key)->styleSheet() != before);
+    QCOMPARE(m_meter->recordInQueue().count(), 1);
+    QCOMPARE(pixelCount(), 0);
+}
+
+void tst_LatencyMeter::aRecordThatIsPaintedBeforeItsThreadGoesOnIsMeasured()
+{
+    waitUntilShown(m_window.data());
+    const auto half = m_session->halves().constFirst().toStrongRef();
+    const HostCall call = green(Key);
+    runElsewhere([&] {
+        m_meter->calling(call, Half::Left, half.data());
+        perform(call, half.data());
+    });
+    m_now += 3 * Ms;
+    settle(m_window.data());
+    m_now += 100 * Ms;
+    runElsewhere([&] { m_meter->called(call, Half::Left, half.data(), true); });
+    settle(m_window.data());
+    m_window->repaint();
+    settle(m_window.data());
+    QCOMPARE(m_meter->recordInQueue().count(), 1);
+    QCOMPARE(m_meter->recordInQueue().worst(), 3 * Ms);
+    QCOMPARE(pixelCount(), 1);
+    QCOMPARE(m_meter->recordToPixel().worst(), 3 * Ms);
+}
+
+void tst_LatencyMeter::ofManyRecordsFromAnotherThreadOneAtATimeIsMeasured()
+{
+    waitUntilShown(m_window.data());
+    m_meter->reset();
+    for (int round = 1; round <= 2; ++round) {
+        runElsewhere([this] {
+            for (quint32 id = Key; id < Key + 10; ++id)
+                m_session->call(green(id), Half::Left);
+        });
+        settle(m_window.data());
+        QCOMPARE(m_meter->recordInQueue().count(), round);
+        QCOMPARE(m_meter->recordCount(), round * 10);
+    }
+    QCOMPARE(pixelCount(), 1); // the second time nothing changed
+}
+
+void tst_LatencyMeter::recordsForAHalfThatGoesAreNotMeasured()
+{
+    waitUntilShown(m_window.data());
+    runElsewhere([this] { hand(green(Key)); });
+    m_window.reset();
+    m_plugin.reset();
+    QCoreApplication::processEvents();
     QCOMPARE(pixelCount(), 0);
 }
 
@@ -660,17 +748,154 @@ void tst_LatencyMeter::aRecordInTheReducedViewIsMeasuredUntilTheViewIsPainted()
     QCOMPARE(pixelCount(), 2);
 }
 
+void tst_LatencyMeter::aRecordIsMeasuredUntilItReturns_data()
+{
+    QTest::addColumn<HostCall>("call");
+    QTest::addColumn<bool>("isChange");
+    QTest::newRow("colour") << green(Key) << true;
+    QTest::newRow("text") << HostCall(textRecord(Label, "CAM 1")) << true;
+    QTest::newRow("the same colour") << HostCall(colorRecord(Key, 0, 0, 0)) << false;
+    QTest::newRow("for no key") << green(4711) << false;
+    QTest::newRow("for the other half") << HostCall(leverRecord(600)) << false;
+}
+
+void tst_LatencyMeter::aRecordIsMeasuredUntilItReturns()
+{
+    QFETCH(HostCall, call);
+    QFETCH(bool, isChange);
+    waitUntilShown(m_window.data());
+    m_meter->reset();
+    // The clock goes on by itself, once between the two times that it is asked.
+    m_tick = 3 * Ms;
+    m_session->call(call, Half::Left);
+    m_tick = 0;
+    const LatencyFigures &expected =
+        isChange ? m_meter->changingRecordToReturn() : m_meter->idleRecordToReturn();
+    const LatencyFigures &other =
+        isChange ? m_meter->idleRecordToReturn() : m_meter->changingRecordToReturn();
+    QCOMPARE(expected.count(), 1);
+    QCOMPARE(expected.worst(), 3 * Ms);
+    QCOMPARE(other.count(), 0);
+}
+
+void tst_LatencyMeter::recordsOfAllKindsAreCounted()
+{
+    m_meter->reset();
+    hand(green(Key));
+    hand(std::make_shared<Korvo::ECDeviceIPData>());
+    hand(std::make_shared<Korvo::DVIInSignal>());
+    m_session->call(KeyboardUpdate(), Half::Left);
+    runElsewhere([this] { hand(green(Key)); });
+    QCOMPARE(m_meter->recordCount(), 9); // each half's
+    QCOMPARE(m_meter->idleRecordToReturn().count(), 1);
+    QCOMPARE(m_meter->changingRecordToReturn().count(), 1);
+    m_meter->reset();
+    QCOMPARE(m_meter->recordCount(), 0);
+    runElsewhere([this] { hand(green(Key)); });
+    QCOMPARE(m_meter->recordCount(), 2);
+}
+
+void tst_LatencyMeter::theMostThatWaitAreTold()
+{
+    QCOMPARE(m_meter->mostWaiting(), 0);
+    hand(green(Key));
+    takeAll();
+    QCOMPARE(m_meter->mostWaiting(), 0);
+    const auto sendAndTake = [this](int count) {
+        runElsewhere([this, count] {
+            for (int i = 0; i < count; ++i)
+                m_session->call(green(Key), Half::Left);
+        });
+        takeAll();
+    };
+    sendAndTake(7);
+    QCOMPARE(m_meter->mostWaiting(), 7);
+    sendAndTake(5);
+    QCOMPARE(m_meter->mostWaiting(), 7);
+    m_meter->reset();
+    QCOMPARE(m_meter->mostWaiting(), 0);
+    sendAndTake(5);
+    QCOMPARE(m_meter->mostWaiting(), 5);
+}
+
+void tst_LatencyMeter::waitingIsOverWhenAllIsTaken()
+{
+    for (int i = 0; i < 10; ++i) {
+        runElsewhere([this] { hand(green(Key)); });
+        takeAll();
+    }
+    QCOMPARE(m_meter->recordCount(), 20 + 2); // with the idle look
+    QCOMPARE(m_meter->mostWaiting(), 2);
+}
+
+void tst_LatencyMeter::paintsAreCountedByWindow()
+{
+    waitUntilShown(m_window.data());
+    m_meter->reset();
+    QCOMPARE(m_meter->paintRate(), 0.0);
+    for (int i = 0; i < 3; ++i) {
+        hand(i % 2 ? red(EveryKey) : green(EveryKey));
+        settle(m_window.data());
+    }
+    m_now += 500 * Ms;
+    QCOMPARE(m_meter->paintRate(), 6.0);
+    m_now += 500 * Ms;
+    QCOMPARE(m_meter->paintRate(), 3.0);
+}
+
+void tst_LatencyMeter::wakeUpsAreCounted()
+{
+    m_meter->reset();
+    m_now += 1000 * Ms;
+    QCOMPARE(m_meter->wakeUpRate(), 0.0);
+    QEventLoop loop;
+    QTimer timer;
+    int rounds = 0;
+    connect(&timer, &QTimer::timeout, &loop, [&] {
+        if (++rounds == 20)
+            loop.quit();
+    });
+    timer.start(1);
+    loop.exec();
+    QVERIFY2(m_meter->wakeUpRate() >= 20, qPrintable(QString::number(m_meter->wakeUpRate())));
+    QVERIFY2(m_meter->wakeUpRate() <= 60, qPrintable(QString::number(m_meter->wakeUpRate())));
+}
+
+void tst_LatencyMeter::aPauseIsNotMeasured()
+{
+    waitUntilShown(m_window.data());
+    m_meter->reset();
+    hand(green(EveryKey));
+    settle(m_window.data());
+    m_now += 1000 * Ms;
+    m_meter->setMeasuring(false);
+    m_now += 5000 * Ms;
+    QTest::mouseClick(key(Key), Qt::LeftButton);
+    m_window->repaint();
+    m_window->update();
+    settle(m_window.data());
+    QCOMPARE(m_meter->touchToCode().count(), 0);
+    QCOMPARE(m_meter->paintRate(), 1.0);
+    m_meter->setMeasuring(true);
+    m_meter->setMeasuring(true);
+    m_now += 1000 * Ms;
+    QCOMPARE(m_meter->paintRate(), 0.5);
+    QTest::mouseClick(key(Key), Qt::LeftButton);
+    QCOMPARE(m_meter->touchToCode().count(), 1);
+}
+
 void tst_LatencyMeter::changesAreTold()
 {
     waitUntilShown(m_window.data());
     const QSignalSpy changed(m_meter.data(), &LatencyMeter::changed);
     QTest::mouseClick(key(Key), Qt::LeftButton);
     QCOMPARE(changed.size(), 1);
-    hand(green(Key));
-    QTRY_COMPARE(changed.size(), 2);
+    m_session->call(green(Key), Half::Left);
+    QCOMPARE(changed.size(), 2);
+    QTRY_COMPARE(changed.size(), 3);
     m_window->repaint();
     settle(m_window.data());
-    QCOMPARE(changed.size(), 2);
+    QCOMPARE(changed.size(), 3);
 }
 
 void tst_LatencyMeter::resetForgetsTheFigures()
@@ -689,24 +914,38 @@ void tst_LatencyMeter::resetForgetsTheFigures()
 void tst_LatencyMeter::theSummaryIsATable()
 {
     waitUntilShown(m_window.data());
+    m_meter->reset();
     Delay atKey(&m_now, QEvent::MouseButtonPress, 420000);
     key(Key)->installEventFilter(&atKey);
     QTest::mouseClick(key(Key), Qt::LeftButton);
     hand(green(Key));
     m_now += 16 * Ms;
     QTRY_COMPARE(pixelCount(), 1);
-    QCOMPARE(m_meter->summary(),
-             QStringLiteral("latency               count      median        99 %       worst\n"
-                            "touch to key code         1    0.420 ms    0.420 ms    0.420 ms\n"
-                            "record to pixel           1     16.0 ms     16.0 ms     16.0 ms\n"));
+    runElsewhere([this] { m_session->call(green(Key), Half::Left); });
+    settle(m_window.data());
+    QCOMPARE(m_meter->summary().section(QLatin1Char('\n'), 0, 6),
+             QStringLiteral("latency                 count      median        99 %       worst\n"
+                            "touch to key code           1    0.420 ms    0.420 ms    0.420 ms\n"
+                            "record to pixel             1     16.0 ms     16.0 ms     16.0 ms\n"
+                            "record, no change           1    0.000 ms    0.000 ms    0.000 ms\n"
+                            "record, change              1    0.000 ms    0.000 ms    0.000 ms\n"
+                            "record in the queue         1    0.000 ms    0.000 ms    0.000 ms\n"
+                            "records              3 in all, at most 1 waiting"));
+    QVERIFY(m_meter->summary().endsWith(QStringLiteral(" paints a second\n")));
 }
 
 void tst_LatencyMeter::theSummarySaysWhereThereAreNone()
 {
+    m_meter->reset();
     QCOMPARE(m_meter->summary(),
-             QStringLiteral("latency               count      median        99 %       worst\n"
-                            "touch to key code      none\n"
-                            "record to pixel        none\n"));
+             QStringLiteral("latency                 count      median        99 %       worst\n"
+                            "touch to key code        none\n"
+                            "record to pixel          none\n"
+                            "record, no change        none\n"
+                            "record, change           none\n"
+                            "record in the queue      none\n"
+                            "records              0 in all, at most 0 waiting\n"
+                            "event loop           0.0 wake-ups, 0.0 paints a second\n"));
 }
 
 QTEST_MAIN(tst_LatencyMeter)

@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QHeaderView>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTableWidget>
@@ -33,6 +34,7 @@ private slots:
 
     void rowsAndColumnsAreNamed();
     void nothingIsShownWhereNothingWasMeasured();
+    void recordsAreShown();
     void aVisiblePageFollows();
     void manySamplesAreShownAtOnce();
     void aHiddenPageWaitsUntilItIsShown();
@@ -43,6 +45,7 @@ private:
     /// A press that takes that long.
     void measure(qint64 duration);
     QStringList row(int number) const;
+    QString label(const char *name) const { return m_page->findChild<QLabel *>(QLatin1String(name))->text(); }
     QTimer *timer() const { return m_page->findChild<QTimer *>(); }
 
     qint64 m_now = 0;
@@ -95,8 +98,10 @@ void tst_LatencyPage::rowsAndColumnsAreNamed()
     QStringList columns;
     for (int i = 0; i < table->columnCount(); ++i)
         columns << table->horizontalHeaderItem(i)->text();
-    QCOMPARE(rows,
-             (QStringList{QStringLiteral("Touch to key code"), QStringLiteral("Record to painted pixel")}));
+    QCOMPARE(rows, (QStringList{QStringLiteral("Touch to key code"), QStringLiteral("Record to pixel"),
+                                QStringLiteral("Record, no change"), QStringLiteral("Record, change"),
+                                QStringLiteral("Record in the queue")}));
+    QVERIFY(table->height() >= table->horizontalHeader()->height() + table->verticalHeader()->length());
     QCOMPARE(columns, (QStringList{QStringLiteral("Count"), QStringLiteral("Median"), QStringLiteral("99 %"),
                                    QStringLiteral("Worst")}));
 }
@@ -105,8 +110,25 @@ void tst_LatencyPage::nothingIsShownWhereNothingWasMeasured()
 {
     const QString none = QStringLiteral("\u2013");
     const QStringList expected{QStringLiteral("0"), none, none, none};
-    QCOMPARE(row(0), expected);
-    QCOMPARE(row(1), expected);
+    for (int i = 0; i < 5; ++i)
+        QCOMPARE(row(i), expected);
+    QCOMPARE(label("recordsLabel"), QStringLiteral("0 in all, at most 0 waiting"));
+    QCOMPARE(label("ratesLabel"), QStringLiteral("0.0 wake-ups, 0.0 paints a second"));
+}
+
+void tst_LatencyPage::recordsAreShown()
+{
+    m_page->show();
+    const K7Host::HostCall call = std::make_shared<Korvo::ECButtonColor>();
+    for (int i = 0; i < 3; ++i) {
+        m_meter->calling(call, K7Host::Half::Left, nullptr);
+        m_now += 2 * Ms;
+        m_meter->called(call, K7Host::Half::Left, nullptr, true);
+    }
+    QTRY_COMPARE(row(2), (QStringList{QStringLiteral("3"), QStringLiteral("2.00 ms"),
+                                      QStringLiteral("2.00 ms"), QStringLiteral("2.00 ms")}));
+    QCOMPARE(label("recordsLabel"), QStringLiteral("3 in all, at most 0 waiting"));
+    QVERIFY(label("ratesLabel") != QStringLiteral("0.0 wake-ups, 0.0 paints a second"));
 }
 
 void tst_LatencyPage::aVisiblePageFollows()
