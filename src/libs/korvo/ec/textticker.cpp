@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QPainter>
+#include <QPixmap>
 #include <QStyle>
 #include <QTextLayout>
 #include <QTimer>
@@ -71,14 +72,15 @@ public:
     bool isShown() const { return m_isShown; }
     void chooseGround();
     void paintGround(QPainter *painter, const QRect &dirty) const;
-    void paint(QPainter *painter) const;
+    void paint(QPainter *painter, const QRect &dirty);
     QSize sizeFor(int characters) const;
 
 private:
     QRect area() const;
     QPoint lineStart() const;
     void drawLine(QPainter *painter, const QPoint &start) const;
-    int gap() const;
+    void drawMoving(QPainter *painter, const QPoint &start);
+    void paintStrip(qreal pixelRatio, QRgb text, QRgb ground);
     int offset() const { return qMax(0, m_tick - ticksAtStart); }
     void layOut();
     void updateClock();
@@ -88,6 +90,10 @@ private:
     std::shared_ptr<QTimer> m_clock; // held while the text scrolls before someone's eyes
     QTextLayout m_line;
     QSize m_lineSize;
+    int m_gap = 0;   // between the end of the line and its second copy
+    QPixmap m_strip; // the line on its ground, as it was last drawn moving
+    QRgb m_stripText = 0;
+    QRgb m_stripGround = 0;
     QString m_text; // what m_line was laid out from
     bool m_isLaidOut = false;
     bool m_scrolls = false;
@@ -105,6 +111,7 @@ void TextTicker::Private::arrange()
     const bool scrolls = room > 0 && m_lineSize.width() > room;
     if (scrolls != m_scrolls) {
         m_scrolls = scrolls;
+        m_strip = QPixmap();
         m_tick = 0;
     }
     updateClock();
@@ -122,6 +129,8 @@ void TextTicker::Private::layOut()
     m_line.endLayout();
     const QRectF bounds = m_line.boundingRect();
     m_lineSize = QSize(qCeil(line.isValid() ? line.naturalTextWidth() : 0), qCeil(bounds.height()));
+    m_gap = gapCharacters * m_label->fontMetrics().averageCharWidth();
+    m_strip = QPixmap();
     m_isLaidOut = true;
     m_tick = 0;
 }
@@ -162,7 +171,7 @@ void TextTicker::Private::advance()
 {
     const int shownOffset = offset();
     ++m_tick;
-    if (offset() >= m_lineSize.width() + gap())
+    if (offset() >= m_lineSize.width() + m_gap)
         m_tick = 0; // the second copy stands where the first began
     if (offset() != shownOffset)
         m_label->update(area() & QRect(0, lineStart().y(), m_label->width(), m_lineSize.height()));
@@ -172,11 +181,6 @@ QRect TextTicker::Private::area() const
 {
     const int margin = m_label->margin();
     return m_label->contentsRect().adjusted(margin, margin, -margin, -margin);
-}
-
-int TextTicker::Private::gap() const
-{
-    return gapCharacters * m_label->fontMetrics().averageCharWidth();
 }
 
 /// Where the line begins when it does not scroll, or stands still.
@@ -195,6 +199,36 @@ void TextTicker::Private::drawLine(QPainter *painter, const QPoint &start) const
     m_line.draw(painter, QPointF(qRound(start.x() * ratio) / ratio, start.y()));
 }
 
+/// A picture of the line is moved: drawing all its glyphs takes ten times as long, at each tick. Where the
+/// ground is not the label's own, or the painter scales, the line is drawn.
+void TextTicker::Private::drawMoving(QPainter *painter, const QPoint &start)
+{
+    if (!m_label->testAttribute(Qt::WA_OpaquePaintEvent) ||
+        painter->deviceTransform().type() > QTransform::TxTranslate) {
+        drawLine(painter, start);
+        return;
+    }
+    const qreal ratio = painter->device()->devicePixelRatioF();
+    const QRgb text = painter->pen().color().rgba();
+    const QRgb ground = m_label->palette().color(QPalette::Window).rgb();
+    if (m_strip.isNull() || !qFuzzyCompare(m_strip.devicePixelRatio(), ratio) || m_stripText != text ||
+        m_stripGround != ground)
+        paintStrip(ratio, text, ground);
+    painter->drawPixmap(QPointF(qRound(start.x() * ratio) / ratio, start.y()), m_strip);
+}
+
+void TextTicker::Private::paintStrip(qreal pixelRatio, QRgb text, QRgb ground)
+{
+    m_strip = QPixmap(m_lineSize * pixelRatio);
+    m_strip.setDevicePixelRatio(pixelRatio);
+    m_strip.fill(ground);
+    m_stripText = text;
+    m_stripGround = ground;
+    QPainter painter(&m_strip);
+    painter.setPen(QColor::fromRgba(text));
+    m_line.draw(&painter, QPointF());
+}
+
 /// A ground of its own is opaque, so that nothing behind the label has to be painted when its text changes.
 void TextTicker::Private::chooseGround()
 {
@@ -211,9 +245,11 @@ void TextTicker::Private::paintGround(QPainter *painter, const QRect &dirty) con
     painter->fillRect(inside, palette.color(QPalette::Window));
 }
 
-void TextTicker::Private::paint(QPainter *painter) const
+void TextTicker::Private::paint(QPainter *painter, const QRect &dirty)
 {
-    if (m_scrolls || m_lineSize.height() > area().height())
+    // Where a text or a tick has asked for the painting the painter is clipped already, at no cost.
+    const bool reachesOut = m_scrolls || m_lineSize.height() > area().height();
+    if (reachesOut && !area().contains(dirty))
         painter->setClipRect(area());
     painter->setPen(m_label->palette().color(m_label->foregroundRole()));
     if (!m_scrolls) {
@@ -222,10 +258,10 @@ void TextTicker::Private::paint(QPainter *painter) const
     }
 
     const QPoint first = lineStart() - QPoint(offset(), 0);
-    const QPoint second = first + QPoint(m_lineSize.width() + gap(), 0);
-    drawLine(painter, first);
+    const QPoint second = first + QPoint(m_lineSize.width() + m_gap, 0);
+    drawMoving(painter, first);
     if (second.x() <= area().right())
-        drawLine(painter, second);
+        drawMoving(painter, second);
 }
 
 QSize TextTicker::Private::sizeFor(int characters) const
@@ -284,7 +320,7 @@ void TextTicker::paintEvent(QPaintEvent *event)
         m_d->paintGround(&painter, event->rect());
     if (frameShape() != NoFrame || testAttribute(Qt::WA_StyledBackground))
         drawFrame(&painter);
-    m_d->paint(&painter);
+    m_d->paint(&painter, event->rect());
 }
 
 void TextTicker::resizeEvent(QResizeEvent *event)
