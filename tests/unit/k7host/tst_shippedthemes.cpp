@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: MIT
 
 #include <applytheme.h>
+#include <keypadkey.h>
 #include <theme.h>
+
+#include <korvo/ec/k7dropbutton.h>
+#include <korvo/ec/textticker.h>
 
 #include <QApplication>
 #include <QDir>
@@ -66,6 +70,7 @@ private slots:
     void theStyleSheetHasNoErrors();
     void theStyleSheetRefersOnlyToPicturesThatExist();
     void framesKeepTheirExactSizes();
+    void keysAndLabelsFollowTheTheme();
 
 private:
     Theme m_theme;
@@ -149,6 +154,52 @@ void tst_ShippedThemes::framesKeepTheirExactSizes()
         frame.ensurePolished();
         QCOMPARE(frame.contentsRect(), QRect(0, 0, 302, 144));
     }
+}
+
+void tst_ShippedThemes::keysAndLabelsFollowTheTheme()
+{
+    QFETCH_GLOBAL(QString, folder);
+    const QString other = folder == QLatin1String("k7") ? QStringLiteral("k7-light") : QStringLiteral("k7");
+    Theme otherTheme;
+    QVERIFY(!readTheme(dirOf(other), &otherTheme));
+    QVERIFY(m_theme.keyPalette != otherTheme.keyPalette);
+
+    QWidget desk;
+    Korvo::EC::K7DropButton key(&desk);
+    key.setStyleSheet(QStringLiteral("border-image:url(\"\")"));
+    key.setFocusPolicy(Qt::StrongFocus);
+    key.resize(60, 48);
+    Korvo::EC::TextTicker label(&desk);
+    label.setGeometry(80, 0, 80, 30);
+    KeypadKey digit(&desk);
+    digit.setProperty("keypadKey", QStringLiteral("digit"));
+    digit.setGeometry(0, 60, 60, 48);
+    desk.resize(200, 120);
+    desk.show();
+    desk.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&desk));
+    key.setFocus();
+    QVERIFY(key.hasFocus());
+
+    QImage keypadLooks;
+    const auto compareWith = [&](const Theme &theme) {
+        const QImage keyImage = key.grab().toImage();
+        QCOMPARE(keyImage.pixelColor(30, 24), theme.keyPalette.color(QPalette::Button));
+        QCOMPARE(keyImage.pixelColor(30, 0), theme.keyPalette.color(QPalette::Highlight));
+        const QImage labelImage = label.grab().toImage();
+        QCOMPARE(labelImage.pixelColor(40, 15), theme.oledPalette.color(QPalette::Window));
+        QCOMPARE(labelImage.pixelColor(40, 0), theme.oledPalette.color(QPalette::Mid));
+        keypadLooks = digit.grab().toImage();
+    };
+    compareWith(m_theme);
+    const QImage before = keypadLooks;
+    // Its own rules still paint it.
+    QVERIFY(before.pixelColor(30, 24) != m_theme.keyPalette.color(QPalette::Button));
+    QVERIFY(!applyTheme(dirOf(other)));
+    compareWith(otherTheme);
+    QVERIFY(!applyTheme(dirOf(folder)));
+    compareWith(m_theme);
+    QCOMPARE(keypadLooks, before);
 }
 
 QTEST_MAIN(tst_ShippedThemes)

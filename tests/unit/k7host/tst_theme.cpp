@@ -19,6 +19,8 @@ private slots:
 
     void colorsStandInPlaceOfTheirNames();
     void thePaletteIsAsDescribed();
+    void keysAndLabelsHaveTheirOwnPalettes();
+    void keysAndLabelsNeedNoPalettesOfTheirOwn();
     void aThemeNeedsNoDescription();
     void whatAThemeDoesNotHoldIsItsBases();
     void aFaultTellsWhere_data();
@@ -71,6 +73,48 @@ void tst_Theme::thePaletteIsAsDescribed()
     QCOMPARE(theme.palette.color(QPalette::Disabled, QPalette::WindowText), QColor(0x77, 0x77, 0x77));
 }
 
+void tst_Theme::keysAndLabelsHaveTheirOwnPalettes()
+{
+    write("desk/console.qss", "");
+    write("desk/theme.ini",
+          "[Colors]\nink=#eeeeee\ngrey=#777777\ncap=#112233\noled=#445566\n"
+          "[Palette]\nWindowText=ink\nButton=grey\n"
+          "[KeyPalette]\nButton=cap\nButtonText=ink\n[DisabledKeyPalette]\nButtonText=grey\n"
+          "[OledPalette]\nWindow=oled\n[DisabledOledPalette]\nMid=cap\n");
+    write("day/theme.ini", "[Theme]\nBase=desk\n[Colors]\ncap=#aabbcc\n[OledPalette]\nMid=grey\n");
+    const QColor ink(0xee, 0xee, 0xee);
+    const QColor grey(0x77, 0x77, 0x77);
+    Theme theme;
+    QVERIFY(!readTheme(path("desk"), &theme));
+    QCOMPARE(theme.palette.color(QPalette::Button), grey);
+    QCOMPARE(theme.keyPalette.color(QPalette::Button), QColor(0x11, 0x22, 0x33));
+    QCOMPARE(theme.keyPalette.color(QPalette::Active, QPalette::ButtonText), ink);
+    QCOMPARE(theme.keyPalette.color(QPalette::Inactive, QPalette::ButtonText), ink);
+    QCOMPARE(theme.keyPalette.color(QPalette::Disabled, QPalette::ButtonText), grey);
+    QCOMPARE(theme.oledPalette.color(QPalette::Window), QColor(0x44, 0x55, 0x66));
+    QCOMPARE(theme.oledPalette.color(QPalette::Disabled, QPalette::Mid), QColor(0x11, 0x22, 0x33));
+    // All else is the console's.
+    QCOMPARE(theme.keyPalette.color(QPalette::WindowText), ink);
+    QCOMPARE(theme.oledPalette.color(QPalette::Button), grey);
+    QVERIFY(theme.palette.color(QPalette::Window) != QColor(0x44, 0x55, 0x66));
+
+    QVERIFY(!readTheme(path("day"), &theme));
+    QCOMPARE(theme.keyPalette.color(QPalette::Button), QColor(0xaa, 0xbb, 0xcc));
+    QCOMPARE(theme.oledPalette.color(QPalette::Window), QColor(0x44, 0x55, 0x66));
+    QCOMPARE(theme.oledPalette.color(QPalette::Active, QPalette::Mid), grey);
+}
+
+void tst_Theme::keysAndLabelsNeedNoPalettesOfTheirOwn()
+{
+    write("desk/console.qss", "");
+    write("desk/theme.ini", "[Colors]\nink=#eeeeee\n[Palette]\nButtonText=ink\nWindow=ink\n");
+    Theme theme;
+    QVERIFY(!readTheme(path("desk"), &theme));
+    QCOMPARE(theme.keyPalette, theme.palette);
+    QCOMPARE(theme.oledPalette, theme.palette);
+    QCOMPARE(theme.keyPalette.color(QPalette::ButtonText), QColor(0xee, 0xee, 0xee));
+}
+
 void tst_Theme::aThemeNeedsNoDescription()
 {
     write("desk/console.qss", "QLabel {}");
@@ -111,6 +155,16 @@ void tst_Theme::aFaultTellsWhere_data()
     QTest::newRow("no color of a role")
         << QByteArray(colors + "[DisabledPalette]\nText=paper\n") << QByteArray()
         << QStringLiteral("theme.ini: Text=paper in [DisabledPalette] names no color");
+    const char *const groups[] = {"KeyPalette", "DisabledKeyPalette", "OledPalette", "DisabledOledPalette"};
+    for (const char *group : groups) {
+        const QByteArray head = colors + "[" + group + "]\n";
+        QTest::addRow("no role in %s", group)
+            << QByteArray(head + "Cap=ink\n") << QByteArray()
+            << QStringLiteral("theme.ini: Cap=ink in [%1] names no role").arg(QLatin1String(group));
+        QTest::addRow("no color in %s", group)
+            << QByteArray(head + "Mid=paper\n") << QByteArray()
+            << QStringLiteral("theme.ini: Mid=paper in [%1] names no color").arg(QLatin1String(group));
+    }
     QTest::newRow("no style sheet") << colors << QByteArray(nullptr) << QStringLiteral("console.qss");
 }
 

@@ -53,7 +53,8 @@ std::optional<Direction> directionOf(const QKeyEvent *event)
 constexpr int pressedInset = 3;  // a pressed key sinks
 constexpr int disabledInset = 6; // a disabled one is out of reach
 
-/// Puts off what \a key would paint at once: QAbstractButton shows a press before it tells it.
+/// Puts off what \a key would paint at once: QAbstractButton shows a press before it tells it. Whoever stops
+/// its painting meanwhile has the last word.
 class PaintLater
 {
 public:
@@ -61,14 +62,14 @@ public:
         : m_key(key->updatesEnabled() ? key : nullptr)
     {
         if (m_key)
-            m_key->setUpdatesEnabled(false);
+            m_key->setAttribute(Qt::WA_UpdatesDisabled);
     }
     ~PaintLater() { allow(); }
 
     /// From now on the key is painted, in the next pass of the event loop.
     void allow()
     {
-        if (m_key)
+        if (m_key && !m_key->testAttribute(Qt::WA_ForceUpdatesDisabled))
             m_key->setUpdatesEnabled(true);
         m_key.clear();
     }
@@ -111,6 +112,7 @@ public:
     void leave();
     void announceLight();
     bool paintsItself() const;
+    void takeOverPainting();
     bool noteSheet();
     void paint(QPainter *painter) const;
 
@@ -334,7 +336,13 @@ void K7DropButton::Private::announceLight()
 
 bool K7DropButton::Private::paintsItself() const
 {
-    return m_key->icon().isNull() && pictureOf(m_key->styleSheet());
+    return pictureOf(m_key->styleSheet()).has_value();
+}
+
+/// When it paints itself nothing behind it has to be painted.
+void K7DropButton::Private::takeOverPainting()
+{
+    m_key->setAttribute(Qt::WA_OpaquePaintEvent, paintsItself());
 }
 
 /// After each change of the style. True when another picture of the key is all that has changed.
@@ -344,7 +352,7 @@ bool K7DropButton::Private::noteSheet()
     m_styleSheet = m_key->styleSheet();
     if (m_styleSheet == before)
         KeyFace::forgetAll(); // it is the application's style, and may mean other pictures
-    m_key->setAttribute(Qt::WA_OpaquePaintEvent, paintsItself());
+    takeOverPainting();
     return m_styleSheet != before && pictureOf(before) && paintsItself();
 }
 
@@ -373,6 +381,13 @@ KeyFace K7DropButton::Private::face() const
 void K7DropButton::Private::paint(QPainter *painter) const
 {
     painter->drawPixmap(0, 0, face().pixmap());
+    const QIcon icon = m_key->icon();
+    if (!icon.isNull()) {
+        const QRect area(QPoint(0, 0), m_key->iconSize());
+        icon.paint(painter, area.translated(m_key->rect().center() - area.center()), Qt::AlignCenter,
+                   m_key->isEnabled() ? QIcon::Normal : QIcon::Disabled);
+        return; // in place of the lettering
+    }
     if (m_key->text().isEmpty())
         return;
     painter->setPen(m_key->palette().color(QPalette::ButtonText));
@@ -435,6 +450,10 @@ bool K7DropButton::event(QEvent *event)
     case QEvent::Show:
         WindowTouches::routeTo(this);
         break;
+    case QEvent::Polish:
+        QToolButton::event(event);
+        m_d->takeOverPainting(); // again: the style gives it back
+        return true;
     case QEvent::StyleChange:
         m_d->announceLight();
         if (m_d->noteSheet()) {

@@ -26,7 +26,8 @@ namespace Korvo::EC {
 /// A key whose own style sheet names a picture, `border-image:url("file")`, and says nothing else paints
 /// itself: the picture on a cap in a well, in the colours of its palette. Button is the well and what shines
 /// through the cap, Midlight shines through a pressed cap, Light through a checked one, Highlight is the rim
-/// of the key that has the focus, ButtonText the lettering. All other keys are painted by the style.
+/// of the key that has the focus, ButtonText the lettering, in whose place an icon is shown. All other keys
+/// are painted by the style.
 ///
 /// A receiver of pressed() or released() may hide, disable or deleteLater() the key. It may delete it at
 /// once when a finger, the mouse or the keyboard was the cause, but not while the key is being hidden or

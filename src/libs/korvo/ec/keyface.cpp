@@ -6,6 +6,7 @@
 #include <QImageReader>
 #include <QPainter>
 #include <QPixmapCache>
+#include <QtMath>
 
 namespace Korvo::EC {
 
@@ -36,9 +37,15 @@ QImage readPicture(const QString &file, QSize size)
     return reader.read();
 }
 
+/// Every device pixel that the key has a part in.
+QSize pixelsOf(const KeyFace &face)
+{
+    return QSize(qCeil(face.size.width() * face.pixelRatio), qCeil(face.size.height() * face.pixelRatio));
+}
+
 QPixmap paint(const KeyFace &face)
 {
-    QPixmap pixmap(face.size * face.pixelRatio);
+    QPixmap pixmap(pixelsOf(face));
     pixmap.setDevicePixelRatio(face.pixelRatio);
     pixmap.fill(face.well);
     const QRect cap =
@@ -47,6 +54,8 @@ QPixmap paint(const KeyFace &face)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     const auto fill = [&painter](const QRectF &rect, qreal radius, QRgb color) {
+        if (rect.isEmpty())
+            return; // or Qt turns it inside out
         painter.setBrush(QColor(color));
         painter.drawRoundedRect(rect, radius, radius);
     };
@@ -65,9 +74,10 @@ std::optional<QString> pictureOf(const QString &styleSheet)
 {
     static const QLatin1String begin("border-image:url(\"");
     static const QLatin1String end("\")");
-    if (!styleSheet.startsWith(begin) || !styleSheet.endsWith(end))
+    const int length = styleSheet.size() - begin.size() - end.size();
+    if (length < 0 || !styleSheet.startsWith(begin) || !styleSheet.endsWith(end))
         return {};
-    const QString file = styleSheet.mid(begin.size(), styleSheet.size() - begin.size() - end.size());
+    const QString file = styleSheet.mid(begin.size(), length);
     if (file.contains(QLatin1Char('"')))
         return {};
     return file;
@@ -75,6 +85,8 @@ std::optional<QString> pictureOf(const QString &styleSheet)
 
 QPixmap KeyFace::pixmap() const
 {
+    if (size.isEmpty())
+        return {};
     const QString name = nameOf(*this);
     QPixmap pixmap;
     if (!QPixmapCache::find(name, &pixmap)) {

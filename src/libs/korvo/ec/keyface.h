@@ -28,7 +28,7 @@ struct KeyFace
     QRgb ground = 0; ///< of the cap; shines through its picture
     QRgb rim = 0;    ///< a line around the cap; none where it is the ground's colour
 
-    /// Painted once: keys that look the same share it. GUI thread only.
+    /// Painted once: keys that look the same share it. Null for a key of no size. GUI thread only.
     QPixmap pixmap() const;
     /// Has all faces painted again, since their pictures may have changed.
     static void forgetAll();

@@ -232,6 +232,11 @@ void TextTicker::Private::paintStrip(qreal pixelRatio, QRgb text, QRgb ground)
 /// A ground of its own is opaque, so that nothing behind the label has to be painted when its text changes.
 void TextTicker::Private::chooseGround()
 {
+    if (m_label->testAttribute(Qt::WA_StyledBackground)) {
+        // The style sets it for a sheet with a ground, but leaves it when the next sheet has none.
+        m_label->setAttribute(Qt::WA_StyledBackground, false);
+        m_label->style()->polish(m_label);
+    }
     m_label->setAttribute(Qt::WA_OpaquePaintEvent, !m_label->testAttribute(Qt::WA_StyledBackground));
 }
 

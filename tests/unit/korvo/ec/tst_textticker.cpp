@@ -69,17 +69,20 @@ protected:
     }
 };
 
-/// A parent that counts how often it was asked to lay its children out anew.
+/// A parent that counts how often it was painted, and asked to lay its children out anew.
 class LaidOutParent : public QWidget
 {
 public:
     int layoutRequests = 0;
+    int paints = 0;
 
 protected:
     bool event(QEvent *event) override
     {
         if (event->type() == QEvent::LayoutRequest)
             ++layoutRequests;
+        else if (event->type() == QEvent::Paint)
+            ++paints;
         return QWidget::event(event);
     }
 };
@@ -190,6 +193,14 @@ private slots:
     void textStaysWithinTheContents();
     void rightToLeftTextIsPainted_data();
     void rightToLeftTextIsPainted();
+    void theGroundIsOpaqueWithALineAroundIt();
+    void aNewTextRepaintsTheLabelAlone();
+    void aSheetWithAGroundTakesOverAndGivesBack_data();
+    void aSheetWithAGroundTakesOverAndGivesBack();
+    void aTextHigherThanTheLabelIsClipped();
+    void aTextIsLaidOutOnOneLineWhole_data();
+    void aTextIsLaidOutOnOneLineWhole();
+    void aTextSetWhileHiddenIsShownThen();
     void accessibilityReadsTheWholeText();
 };
 
@@ -687,6 +698,161 @@ void tst_TextTicker::rightToLeftTextIsPainted()
         QVERIFY(qAbs(bounds.left() - (ticker.width() - 1 - bounds.right())) <= 6);
     else
         QVERIFY(bounds.width() > 100);
+}
+
+void tst_TextTicker::theGroundIsOpaqueWithALineAroundIt()
+{
+    QWidget parent;
+    QPalette bright;
+    bright.setColor(QPalette::Window, Qt::magenta);
+    parent.setPalette(bright);
+    parent.resize(200, 60);
+    TextTicker ticker(&parent);
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor(0, 0, 60));
+    palette.setColor(QPalette::Mid, Qt::green);
+    palette.setColor(QPalette::WindowText, Qt::white);
+    ticker.setPalette(palette);
+    ticker.setGeometry(11, 11, 101, 31);
+    QVERIFY(show(&parent));
+    QVERIFY(ticker.testAttribute(Qt::WA_OpaquePaintEvent));
+
+    const QImage image = picture(&parent).copy(ticker.geometry());
+    const QRect inside = image.rect().adjusted(1, 1, -1, -1);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            QCOMPARE(QColor(image.pixel(x, y)), inside.contains(x, y) ? QColor(0, 0, 60) : QColor(Qt::green));
+    }
+    QCOMPARE(QColor(picture(&parent).pixel(10, 20)), QColor(Qt::magenta));
+}
+
+void tst_TextTicker::aNewTextRepaintsTheLabelAlone()
+{
+    LaidOutParent parent;
+    parent.resize(300, 100);
+    PaintedTicker ticker;
+    ticker.setParent(&parent);
+    setUp(&ticker, shortText);
+    ticker.move(20, 20);
+    QVERIFY(show(&parent));
+    QTRY_VERIFY(ticker.paints > 0);
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+
+    parent.paints = 0;
+    ticker.painted = QRegion();
+    for (const QString &text : {QStringLiteral("CAM 2"), longText, QString(), shortText}) {
+        ticker.paints = 0;
+        ticker.setText(text);
+        QTRY_COMPARE(ticker.paints, 1);
+    }
+    QCOMPARE(parent.paints, 0);
+    // The line around it stays.
+    QVERIFY2(ticker.rect().adjusted(1, 1, -1, -1).contains(ticker.painted.boundingRect()),
+             qPrintable(QString::number(ticker.painted.boundingRect().width())));
+}
+
+void tst_TextTicker::aSheetWithAGroundTakesOverAndGivesBack_data()
+{
+    QTest::addColumn<QString>("sheet");
+    QTest::addColumn<bool>("isOnParent");
+    QTest::newRow("background") << QStringLiteral("QLabel { background: rgba(0, 0, 255, 128); }") << false;
+    QTest::newRow("border") << QStringLiteral("QLabel { border: 2px solid blue; }") << false;
+    QTest::newRow("the parent's") << QStringLiteral("QLabel { background: rgba(0, 0, 255, 128); }") << true;
+}
+
+void tst_TextTicker::aSheetWithAGroundTakesOverAndGivesBack()
+{
+    QFETCH(QString, sheet);
+    QFETCH(bool, isOnParent);
+    QWidget parent;
+    QPalette bright;
+    bright.setColor(QPalette::Window, Qt::red);
+    parent.setPalette(bright);
+    parent.resize(200, 60);
+    TextTicker ticker(&parent);
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor(0, 0, 60));
+    palette.setColor(QPalette::Mid, Qt::green);
+    ticker.setPalette(palette);
+    ticker.setGeometry(10, 10, 100, 30);
+    QVERIFY(show(&parent));
+    QWidget *styled = isOnParent ? &parent : static_cast<QWidget *>(&ticker);
+    const auto ground = [&] { return QColor(picture(&parent).pixel(20, 15)); };
+
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(ground(), QColor(0, 0, 60));
+        QVERIFY(ticker.testAttribute(Qt::WA_OpaquePaintEvent));
+        styled->setStyleSheet(sheet);
+        QVERIFY(!ticker.testAttribute(Qt::WA_OpaquePaintEvent));
+        QVERIFY2(ground().red() > 100, qPrintable(ground().name()));        // the parent is seen
+        styled->setStyleSheet(QStringLiteral("QLabel { color: yellow; }")); // no ground
+        QCOMPARE(ground(), QColor(0, 0, 60));
+        QVERIFY(ticker.testAttribute(Qt::WA_OpaquePaintEvent));
+        styled->setStyleSheet(sheet);
+        styled->setStyleSheet(QString());
+    }
+}
+
+void tst_TextTicker::aTextHigherThanTheLabelIsClipped()
+{
+    TextTicker ticker;
+    QFont font;
+    font.setPixelSize(60);
+    ticker.setFont(font);
+    setUp(&ticker, QStringLiteral("HHH"), QSize(300, 20));
+    const QRect bounds = ink(picture(&ticker));
+    QVERIFY(!bounds.isEmpty());
+    QVERIFY2(bounds.top() >= 1 && bounds.bottom() <= 18,
+             qPrintable(QStringLiteral("%1 to %2").arg(bounds.top()).arg(bounds.bottom())));
+    QVERIFY(bounds.height() > 10);
+}
+
+void tst_TextTicker::aTextIsLaidOutOnOneLineWhole_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("latin") << longText;
+    QTest::newRow("Hebrew") << QStringLiteral("\u05de\u05e6\u05dc\u05de\u05d4 ").repeated(5);
+    QTest::newRow("Chinese")
+        << QStringLiteral("\u4e3b\u8f93\u51fa\u753b\u9762\u6765\u6e90\u540d\u79f0").repeated(3);
+    QTest::newRow("both directions") << QStringLiteral("PGM \u05de\u05e6\u05dc\u05de\u05d4 12 \u4e3b");
+    QTest::newRow("10,000 characters") << QStringLiteral("CAM 1 ").repeated(1667).left(10000);
+}
+
+void tst_TextTicker::aTextIsLaidOutOnOneLineWhole()
+{
+    QFETCH(QString, text);
+    TextTicker ticker;
+    const int width = ticker.fontMetrics().boundingRect(text).width();
+    // In its whole length, where a picture can be so wide.
+    const int room = qMin(width + 60, 3000);
+    setUp(&ticker, text, QSize(room, 60));
+    const QRect bounds = ink(picture(&ticker));
+    const int line = ticker.fontMetrics().height();
+    QVERIFY2(bounds.height() <= line + 4, qPrintable(QString::number(bounds.height())));
+    if (width < room)
+        QVERIFY2(qAbs(bounds.width() - width) < 12,
+                 qPrintable(QStringLiteral("%1 of %2").arg(bounds.width()).arg(width)));
+    else
+        QVERIFY(bounds.width() > room - 30);
+    QCOMPARE(ticker.text(), text);
+}
+
+void tst_TextTicker::aTextSetWhileHiddenIsShownThen()
+{
+    TextTicker ticker;
+    setUp(&ticker, shortText);
+    QVERIFY(show(&ticker));
+    const QImage before = picture(&ticker);
+    ticker.hide();
+    ticker.setText(longText);
+    ticker.setText(QStringLiteral("HHH"));
+    QVERIFY(show(&ticker));
+    TextTicker fresh;
+    setUp(&fresh, QStringLiteral("HHH"));
+    QVERIFY(show(&fresh));
+    QVERIFY(picture(&ticker) != before);
+    QCOMPARE(picture(&ticker), picture(&fresh));
 }
 
 void tst_TextTicker::accessibilityReadsTheWholeText()
