@@ -6,6 +6,7 @@
 #include "k7dropbuttonaccessible.h"
 #include "keyface.h"
 #include "keynavigation.h"
+#include "ownpalette.h"
 #include "windowtouches.h"
 
 #include <QApplication>
@@ -128,6 +129,7 @@ private:
     void takeBack();
     void notePressed();
     void noteReleased();
+    void allowPainting();
     KeyFace face() const;
 
     K7DropButton *const m_key;
@@ -152,8 +154,7 @@ K7DropButton::Private::Private(K7DropButton *key)
 
 void K7DropButton::Private::notePressed()
 {
-    if (m_paintLater)
-        m_paintLater->allow(); // a receiver may run an event loop
+    allowPainting();
     // click() on a held key, or an input on a key that animateClick() holds: the first press ends here.
     if (m_pressedTold) {
         takeBack();
@@ -164,9 +165,15 @@ void K7DropButton::Private::notePressed()
 
 void K7DropButton::Private::noteReleased()
 {
+    allowPainting();
+    m_pressedTold = false;
+}
+
+/// Before the first receiver, since that may run an event loop.
+void K7DropButton::Private::allowPainting()
+{
     if (m_paintLater)
         m_paintLater->allow();
-    m_pressedTold = false;
 }
 
 bool K7DropButton::Private::isAfterTouch(const QMouseEvent *event) const
@@ -336,7 +343,7 @@ void K7DropButton::Private::announceLight()
 
 bool K7DropButton::Private::paintsItself() const
 {
-    return pictureOf(m_key->styleSheet()).has_value();
+    return hasOwnPalette("Korvo::EC::K7DropButton") && pictureOf(m_key->styleSheet());
 }
 
 /// When it paints itself nothing behind it has to be painted.
@@ -380,7 +387,7 @@ KeyFace K7DropButton::Private::face() const
 
 void K7DropButton::Private::paint(QPainter *painter) const
 {
-    painter->drawPixmap(0, 0, face().pixmap());
+    painter->drawImage(0, 0, face().image());
     const QIcon icon = m_key->icon();
     if (!icon.isNull()) {
         const QRect area(QPoint(0, 0), m_key->iconSize());
@@ -391,7 +398,8 @@ void K7DropButton::Private::paint(QPainter *painter) const
     if (m_key->text().isEmpty())
         return;
     painter->setPen(m_key->palette().color(QPalette::ButtonText));
-    painter->drawText(m_key->rect().translated(0, m_key->isDown() ? 1 : 0), Qt::AlignCenter, m_key->text());
+    painter->drawText(m_key->rect().translated(0, m_key->isDown() ? 1 : 0),
+                      Qt::AlignCenter | Qt::TextShowMnemonic, m_key->text());
 }
 
 bool K7DropButton::Private::eventFilter(QObject *watched, QEvent *event)

@@ -23,8 +23,9 @@ namespace Korvo::EC {
 /// Arrow keys move the focus to the nearest key of the window in their direction, see moveFocus(). To
 /// assistive technology a key is a button that tells its light, after the picture in its own style sheet.
 ///
-/// A key whose own style sheet names a picture, `border-image:url("file")`, and says nothing else paints
-/// itself: the picture on a cap in a well, in the colours of its palette. Button is the well and what shines
+/// Where the application has a palette for this class, a key whose own style sheet names a picture,
+/// `border-image:url("file")`, and says nothing else paints itself: the picture on a cap in a well, in the
+/// colours of its palette. Button is the well and what shines
 /// through the cap, Midlight shines through a pressed cap, Light through a checked one, Highlight is the rim
 /// of the key that has the focus, ButtonText the lettering, in whose place an icon is shown. All other keys
 /// are painted by the style.

@@ -3,9 +3,9 @@
 
 #include "keyface.h"
 
+#include <QCache>
 #include <QImageReader>
 #include <QPainter>
-#include <QPixmapCache>
 #include <QtMath>
 
 namespace Korvo::EC {
@@ -14,15 +14,22 @@ namespace {
 
 constexpr qreal capRadius = 8;
 constexpr qreal rimWidth = 2;
+constexpr int maxBytes = 4 << 20; // about 250 faces of 64 by 64
 
-int generation = 0; // of the pictures; part of the names that faces are kept by
+/// Not Qt's cache of pixmaps, which drops what nobody has used for half a minute: a console may rest for
+/// long.
+QCache<QString, QImage> &faces()
+{
+    static QCache<QString, QImage> faces(maxBytes);
+    return faces;
+}
 
 QString nameOf(const KeyFace &face)
 {
-    QString name = QLatin1String("korvo key ") + face.picture;
-    for (const qint64 number : {qint64(generation), qint64(face.size.width()), qint64(face.size.height()),
-                                qRound64(face.pixelRatio * 1000), qint64(face.inset), qint64(face.well),
-                                qint64(face.ground), qint64(face.rim)}) {
+    QString name = face.picture;
+    for (const qint64 number :
+         {qint64(face.size.width()), qint64(face.size.height()), qRound64(face.pixelRatio * 1000),
+          qint64(face.inset), qint64(face.well), qint64(face.ground), qint64(face.rim)}) {
         name += QLatin1Char(' ');
         name += QString::number(number, 36);
     }
@@ -43,14 +50,14 @@ QSize pixelsOf(const KeyFace &face)
     return QSize(qCeil(face.size.width() * face.pixelRatio), qCeil(face.size.height() * face.pixelRatio));
 }
 
-QPixmap paint(const KeyFace &face)
+QImage paint(const KeyFace &face)
 {
-    QPixmap pixmap(pixelsOf(face));
-    pixmap.setDevicePixelRatio(face.pixelRatio);
-    pixmap.fill(face.well);
+    QImage image(pixelsOf(face), QImage::Format_RGB32);
+    image.setDevicePixelRatio(face.pixelRatio);
+    image.fill(face.well);
     const QRect cap =
         QRect(QPoint(0, 0), face.size).adjusted(face.inset, face.inset, -face.inset, -face.inset);
-    QPainter painter(&pixmap);
+    QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     const auto fill = [&painter](const QRectF &rect, qreal radius, QRgb color) {
@@ -65,7 +72,7 @@ QPixmap paint(const KeyFace &face)
              face.ground);
     if (!face.picture.isEmpty() && !cap.isEmpty())
         painter.drawImage(cap, readPicture(face.picture, cap.size() * face.pixelRatio));
-    return pixmap;
+    return image;
 }
 
 } // namespace
@@ -83,22 +90,21 @@ std::optional<QString> pictureOf(const QString &styleSheet)
     return file;
 }
 
-QPixmap KeyFace::pixmap() const
+QImage KeyFace::image() const
 {
     if (size.isEmpty())
         return {};
     const QString name = nameOf(*this);
-    QPixmap pixmap;
-    if (!QPixmapCache::find(name, &pixmap)) {
-        pixmap = paint(*this);
-        QPixmapCache::insert(name, pixmap);
-    }
-    return pixmap;
+    if (const QImage *kept = faces().object(name))
+        return *kept;
+    const QImage image = paint(*this);
+    faces().insert(name, new QImage(image), image.bytesPerLine() * image.height());
+    return image;
 }
 
 void KeyFace::forgetAll()
 {
-    ++generation;
+    faces().clear();
 }
 
 } // namespace Korvo::EC

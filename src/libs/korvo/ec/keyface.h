@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <QPixmap>
+#include <QImage>
 #include <QRgb>
 #include <QSize>
 #include <QString>
@@ -29,7 +29,7 @@ struct KeyFace
     QRgb rim = 0;    ///< a line around the cap; none where it is the ground's colour
 
     /// Painted once: keys that look the same share it. Null for a key of no size. GUI thread only.
-    QPixmap pixmap() const;
+    QImage image() const;
     /// Has all faces painted again, since their pictures may have changed.
     static void forgetAll();
 };

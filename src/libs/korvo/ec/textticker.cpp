@@ -3,6 +3,8 @@
 
 #include "textticker.h"
 
+#include "ownpalette.h"
+
 #include <QEvent>
 #include <QPainter>
 #include <QPixmap>
@@ -71,6 +73,7 @@ public:
     void setShown(bool isShown);
     bool isShown() const { return m_isShown; }
     void chooseGround();
+    bool hasOwnGround() const { return m_hasOwnGround; }
     void paintGround(QPainter *painter, const QRect &dirty) const;
     void paint(QPainter *painter, const QRect &dirty);
     QSize sizeFor(int characters) const;
@@ -97,6 +100,7 @@ private:
     QString m_text; // what m_line was laid out from
     bool m_isLaidOut = false;
     bool m_scrolls = false;
+    bool m_hasOwnGround = false;
     bool m_isShown = false; // isVisible() stays true in a minimised window
     int m_tick = 0;
 };
@@ -203,8 +207,7 @@ void TextTicker::Private::drawLine(QPainter *painter, const QPoint &start) const
 /// ground is not the label's own, or the painter scales, the line is drawn.
 void TextTicker::Private::drawMoving(QPainter *painter, const QPoint &start)
 {
-    if (!m_label->testAttribute(Qt::WA_OpaquePaintEvent) ||
-        painter->deviceTransform().type() > QTransform::TxTranslate) {
+    if (!hasOwnGround() || painter->deviceTransform().type() > QTransform::TxTranslate) {
         drawLine(painter, start);
         return;
     }
@@ -237,7 +240,15 @@ void TextTicker::Private::chooseGround()
         m_label->setAttribute(Qt::WA_StyledBackground, false);
         m_label->style()->polish(m_label);
     }
-    m_label->setAttribute(Qt::WA_OpaquePaintEvent, !m_label->testAttribute(Qt::WA_StyledBackground));
+    const bool isOwn =
+        hasOwnPalette("Korvo::EC::TextTicker") && !m_label->testAttribute(Qt::WA_StyledBackground);
+    m_label->setAttribute(Qt::WA_OpaquePaintEvent, isOwn);
+    if (isOwn == m_hasOwnGround)
+        return;
+    m_hasOwnGround = isOwn;
+    const QMargins around(edge + padding, edge, edge + padding, edge);
+    const QMargins margins = m_label->contentsMargins();
+    m_label->setContentsMargins(isOwn ? margins + around : margins - around);
 }
 
 /// As much of it as \a dirty needs: a new text leaves the line around it alone.
@@ -246,8 +257,8 @@ void TextTicker::Private::paintGround(QPainter *painter, const QRect &dirty) con
     const QRect inside = m_label->rect().adjusted(edge, edge, -edge, -edge);
     const QPalette palette = m_label->palette();
     if (!inside.contains(dirty))
-        painter->fillRect(m_label->rect(), palette.color(QPalette::Mid));
-    painter->fillRect(inside, palette.color(QPalette::Window));
+        painter->fillRect(m_label->rect(), QColor(palette.color(QPalette::Mid).rgb()));
+    painter->fillRect(inside, QColor(palette.color(QPalette::Window).rgb()));
 }
 
 void TextTicker::Private::paint(QPainter *painter, const QRect &dirty)
@@ -285,7 +296,6 @@ TextTicker::TextTicker(QWidget *parent)
 {
     setTextFormat(Qt::PlainText);
     setAlignment(Qt::AlignCenter);
-    setContentsMargins(edge + padding, edge, edge + padding, edge);
 }
 
 TextTicker::~TextTicker() = default;
@@ -321,7 +331,7 @@ void TextTicker::paintEvent(QPaintEvent *event)
 {
     m_d->arrange(); // the text may have been set through QLabel
     QPainter painter(this);
-    if (testAttribute(Qt::WA_OpaquePaintEvent))
+    if (m_d->hasOwnGround())
         m_d->paintGround(&painter, event->rect());
     if (frameShape() != NoFrame || testAttribute(Qt::WA_StyledBackground))
         drawFrame(&painter);

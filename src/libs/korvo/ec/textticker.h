@@ -13,10 +13,10 @@ namespace Korvo::EC {
 
 /// An OLED label: one line of plain text, centred when it fits, scrolling to the left when it does not.
 ///
-/// A line break is shown as a blank. The size hints depend on the font alone, never on the text. It paints
-/// its own opaque ground, in the palette's colours: Window with a line of Mid around it, unless a style sheet
-/// gives it a background or a border. The text has the colour of the foreground role; frame and margin are
-/// QLabel's, and alignment() places a text that fits.
+/// A line break is shown as a blank. The size hints depend on the font alone, never on the text. Where the
+/// application has a palette for this class, it paints its own opaque ground in that: Window with a line of
+/// Mid around it, unless a style sheet gives it a background or a border. The text has the colour of the
+/// foreground role; frame and margin are QLabel's, and alignment() places a text that fits.
 ///
 /// One clock drives all tickers of the process. It exists only while a visible ticker scrolls.
 /// GUI thread only.

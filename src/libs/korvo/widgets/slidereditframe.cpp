@@ -235,7 +235,6 @@ void SliderEditFramePrivate::addParts()
 QToolButton *SliderEditFramePrivate::addButton(const QString &text, const QString &name, int direction)
 {
     auto *button = new QToolButton(q);
-    button->setObjectName(QStringLiteral("countButton"));
     button->setText(text);
     button->setAccessibleName(name);
     button->setAutoRepeat(true);

@@ -21,7 +21,7 @@ class SliderEditFramePrivate;
 /// end of the range. The wheel counts a single step a notch on a slider or field with the focus; else it is
 /// left to what is around the frame.
 ///
-/// To a style sheet the parts are QLabel, QSlider, QSpinBox and QToolButton#countButton.
+/// To a style sheet the parts are QLabel, QSlider, QSpinBox and QToolButton, these named minus and plus.
 class KORVO_WIDGETS_EXPORT SliderEditFrame : public QFrame
 {
     Q_OBJECT

@@ -272,6 +272,7 @@ class tst_K7DropButtonPainting : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void init();
     void cleanup();
 
@@ -311,6 +312,12 @@ private:
 
     QScopedPointer<QTemporaryDir> m_dir;
 };
+
+/// Without, the style paints keys.
+void tst_K7DropButtonPainting::initTestCase()
+{
+    QApplication::setPalette(keyPalette(), "Korvo::EC::K7DropButton");
+}
 
 void tst_K7DropButtonPainting::init()
 {

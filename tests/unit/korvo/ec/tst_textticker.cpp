@@ -87,6 +87,19 @@ protected:
     }
 };
 
+/// As long as it lives the application has a palette for labels, which then paint their own ground.
+struct OledColors
+{
+    OledColors()
+    {
+        QPalette palette;
+        palette.setColor(QPalette::Window, Qt::black);
+        QApplication::setPalette(palette, "Korvo::EC::TextTicker");
+    }
+    ~OledColors() { QApplication::setPalette(QApplication::palette(), "Korvo::EC::TextTicker"); }
+    Q_DISABLE_COPY(OledColors)
+};
+
 /// White on black, so that ink is what is bright.
 void setUp(TextTicker *ticker, const QString &text, const QSize &size = QSize(120, 32))
 {
@@ -194,6 +207,7 @@ private slots:
     void rightToLeftTextIsPainted_data();
     void rightToLeftTextIsPainted();
     void theGroundIsOpaqueWithALineAroundIt();
+    void withoutAPaletteOfItsOwnItIsALabelLikeOthers();
     void aNewTextRepaintsTheLabelAlone();
     void aSheetWithAGroundTakesOverAndGivesBack_data();
     void aSheetWithAGroundTakesOverAndGivesBack();
@@ -702,6 +716,7 @@ void tst_TextTicker::rightToLeftTextIsPainted()
 
 void tst_TextTicker::theGroundIsOpaqueWithALineAroundIt()
 {
+    const OledColors colors;
     QWidget parent;
     QPalette bright;
     bright.setColor(QPalette::Window, Qt::magenta);
@@ -726,8 +741,33 @@ void tst_TextTicker::theGroundIsOpaqueWithALineAroundIt()
     QCOMPARE(QColor(picture(&parent).pixel(10, 20)), QColor(Qt::magenta));
 }
 
+void tst_TextTicker::withoutAPaletteOfItsOwnItIsALabelLikeOthers()
+{
+    QWidget parent;
+    QPalette bright;
+    bright.setColor(QPalette::Window, Qt::magenta);
+    parent.setPalette(bright);
+    parent.resize(200, 60);
+    TextTicker ticker(&parent);
+    ticker.setGeometry(11, 11, 101, 31);
+    QVERIFY(show(&parent));
+    QVERIFY(!ticker.testAttribute(Qt::WA_OpaquePaintEvent));
+    QCOMPARE(ticker.contentsRect(), ticker.rect());
+    QCOMPARE(QColor(picture(&parent).pixel(13, 13)), QColor(Qt::magenta));
+    {
+        const OledColors colors;
+        parent.setStyleSheet(QStringLiteral("QSlider { color: red; }")); // as a theme does after its palettes
+        QVERIFY(ticker.testAttribute(Qt::WA_OpaquePaintEvent));
+        QVERIFY(ticker.contentsRect() != ticker.rect());
+    }
+    parent.setStyleSheet(QString());
+    parent.setStyleSheet(QStringLiteral("QSlider { color: blue; }"));
+    QCOMPARE(ticker.contentsRect(), ticker.rect());
+}
+
 void tst_TextTicker::aNewTextRepaintsTheLabelAlone()
 {
+    const OledColors colors;
     LaidOutParent parent;
     parent.resize(300, 100);
     PaintedTicker ticker;
@@ -763,6 +803,7 @@ void tst_TextTicker::aSheetWithAGroundTakesOverAndGivesBack_data()
 
 void tst_TextTicker::aSheetWithAGroundTakesOverAndGivesBack()
 {
+    const OledColors colors;
     QFETCH(QString, sheet);
     QFETCH(bool, isOnParent);
     QWidget parent;
@@ -796,6 +837,7 @@ void tst_TextTicker::aSheetWithAGroundTakesOverAndGivesBack()
 
 void tst_TextTicker::aTextHigherThanTheLabelIsClipped()
 {
+    const OledColors colors;
     TextTicker ticker;
     QFont font;
     font.setPixelSize(60);
