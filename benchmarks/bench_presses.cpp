@@ -109,7 +109,8 @@ void bench_Presses::initTestCase()
     m_consoles = std::make_unique<ConsolePair>();
     for (const bool isPlain : {false, true}) {
         ShownConsole *console = m_consoles->console(isPlain);
-        console->left()->updateECButtonColor(std::make_shared<Korvo::ECButtonColor>()); // as a host does first
+        console->left()->updateECButtonColor(
+            std::make_shared<Korvo::ECButtonColor>()); // as a host does first
         const Korvo::IKorvoECKeyboardPlugin *plugin = console->plugin();
         connect(plugin, &Korvo::IKorvoECKeyboardPlugin::ecButtonPressed, this, [this] { ++m_pressed; });
         connect(plugin, &Korvo::IKorvoECKeyboardPlugin::ecButtonRelease, this, [this] { ++m_released; });

@@ -5,7 +5,10 @@
 
 #include <korvo/keyboard/records.h>
 
+#include <korvo/widgets/tbar.h>
+
 #include <QAbstractButton>
+#include <QSlider>
 #include <QTest>
 
 #include <array>
@@ -25,6 +28,7 @@ constexpr int WarmUps = 4; // an even number: what alternates is as it was
 
 using Color = std::shared_ptr<Korvo::ECButtonColor>;
 using Text = std::shared_ptr<Korvo::ECOLEDText>;
+using Lever = std::shared_ptr<Korvo::ECTBarValue>;
 
 std::array<Color, 2> redAndGreen(quint32 key)
 {
@@ -43,6 +47,15 @@ Text labelText(const char *text)
     auto record = std::make_shared<Korvo::ECOLEDText>();
     record->OledKey = Label;
     std::strncpy(record->OledText, text, sizeof(record->OledText));
+    return record;
+}
+
+/// \a percent of a lever that travels upwards.
+Lever leverAt(quint32 percent)
+{
+    auto record = std::make_shared<Korvo::ECTBarValue>();
+    record->Value = percent * 12;
+    record->IsBottomToTop = 1;
     return record;
 }
 
@@ -110,10 +123,15 @@ private slots:
     void aBroadcastThatChangesNothing();
     void aBroadcastPainted_data() { ConsolePair::addRows(); }
     void aBroadcastPainted();
+    void aLeverThatStays_data() { ConsolePair::addRows(); }
+    void aLeverThatStays();
+    void aLeverThatMovesPainted_data() { ConsolePair::addRows(); }
+    void aLeverThatMovesPainted();
 
 private:
     Korvo::IKorvoECKeyboard *half() const { return m_console->left(); }
     QStringList styleSheets() const;
+    QWidget *lever() const;
 
     std::unique_ptr<ConsolePair> m_consoles;
     ShownConsole *m_console = nullptr;
@@ -132,6 +150,12 @@ QStringList bench_Records::styleSheets() const
     for (const QAbstractButton *button : buttons)
         styleSheets.append(button->styleSheet());
     return styleSheets;
+}
+
+QWidget *bench_Records::lever() const
+{
+    QWidget *lever = m_console->right()->findChild<Korvo::Widgets::tbar *>();
+    return lever ? lever : m_console->right()->findChild<QSlider *>();
 }
 
 void bench_Records::aColorThatChangesNothing()
@@ -204,6 +228,26 @@ void bench_Records::aBroadcastPainted()
     QVERIFY(paints(m_console->child(KeyName), work));
     // Read by who makes the table: the count above is of all keys.
     qInfo("keys: %d", countDifferences(before, styleSheets()));
+}
+
+void bench_Records::aLeverThatStays()
+{
+    const Lever half = leverAt(50);
+    m_console->right()->updateTBarValue(half);
+    paint();
+    measure([&] { m_console->right()->updateTBarValue(half); });
+}
+
+void bench_Records::aLeverThatMovesPainted()
+{
+    const std::array<Lever, 2> values = {leverAt(50), leverAt(51)}; // a step of a transition of some seconds
+    size_t turn = 0;
+    const auto work = [&] {
+        m_console->right()->updateTBarValue(values[++turn % 2]);
+        paint();
+    };
+    measure(work);
+    QVERIFY(paints(lever(), work));
 }
 
 QTEST_MAIN(bench_Records)

@@ -24,6 +24,7 @@ public:
     const Korvo::IKorvoECKeyboardPlugin *plugin() const { return m_plugin; }
     QWidget *window() { return &m_window; }
     Korvo::IKorvoECKeyboard *left() const { return m_halves.constFirst(); }
+    Korvo::IKorvoECKeyboard *right() const { return m_halves.constLast(); }
 
     /// The key or label of the left half with the object's \a name.
     QWidget *child(const char *name) const;

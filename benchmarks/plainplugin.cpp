@@ -9,8 +9,10 @@
 #include <korvo/ec/textticker.h>
 #include <korvo/keyboard/constants.h>
 #include <korvo/keyboard/records.h>
+#include <korvo/widgets/tbar.h>
 
 #include <QLabel>
+#include <QSlider>
 #include <QToolButton>
 #include <QVariant>
 
@@ -24,6 +26,7 @@ namespace {
 
 constexpr quint32 EveryKey = 255;
 constexpr quint32 KeyCodeOffset = 0xff0000;
+constexpr int LeverSteps = 1200;
 
 quint32 idOf(const QWidget *widget)
 {
@@ -50,6 +53,12 @@ QWidget *makeLike(const QWidget *original, QWidget *parent)
         copy->setAlignment(label->alignment());
         return copy;
     }
+    if (qobject_cast<const Korvo::Widgets::tbar *>(original)) {
+        auto *copy = new QSlider(Qt::Vertical, parent);
+        copy->setRange(0, LeverSteps);
+        copy->setEnabled(false);
+        return copy;
+    }
     return qobject_cast<const QFrame *>(original) ? new QFrame(parent) : new QWidget(parent);
 }
 
@@ -74,6 +83,7 @@ public:
     void copyChildren(const QWidget *original, QWidget *copy);
     void updateECButtonColor(const Korvo::ECButtonColor &color, const QString &styleSheet);
     void updateECOledText(const Korvo::ECOLEDText &text);
+    void updateTBarValue(const Korvo::ECTBarValue &value);
 
 Q_SIGNALS:
     void ecButtonPressed(const quint32 &); // the key code
@@ -84,6 +94,7 @@ private:
 
     QList<QToolButton *> m_keys;
     QList<QLabel *> m_labels;
+    QSlider *m_lever = nullptr;
 };
 
 void PlainSection::copyChildren(const QWidget *original, QWidget *copy)
@@ -98,6 +109,8 @@ void PlainSection::copyChildren(const QWidget *original, QWidget *copy)
             addKey(qobject_cast<QToolButton *>(made));
         else if (qobject_cast<const Korvo::EC::TextTicker *>(child))
             m_labels.append(qobject_cast<QLabel *>(made));
+        else if (auto *lever = qobject_cast<QSlider *>(made))
+            m_lever = lever;
         else
             copyChildren(child, made);
     }
@@ -130,6 +143,14 @@ void PlainSection::updateECOledText(const Korvo::ECOLEDText &text)
     }
 }
 
+void PlainSection::updateTBarValue(const Korvo::ECTBarValue &value)
+{
+    if (!m_lever)
+        return;
+    m_lever->setInvertedAppearance(value.IsBottomToTop == 0);
+    m_lever->setValue(static_cast<int>(value.Value));
+}
+
 class PlainHalf : public IKorvoECKeyboard
 {
     Q_OBJECT
@@ -142,7 +163,7 @@ public:
     void applyNoramlStyleSheet() override {}
     bool updateECButtonColor(std::shared_ptr<Korvo::ECButtonColor> color) override;
     bool updateECOledText(std::shared_ptr<Korvo::ECOLEDText> text) override;
-    bool updateTBarValue(std::shared_ptr<Korvo::ECTBarValue>) override { return true; }
+    bool updateTBarValue(std::shared_ptr<Korvo::ECTBarValue> value) override;
     void updateECDeviceIP(std::shared_ptr<Korvo::ECDeviceIPData>) override {}
     bool updateKeyboard() override { return true; }
     void updateDVISignalStatus(std::shared_ptr<Korvo::DVIInSignal>) override {}
@@ -183,6 +204,13 @@ bool PlainHalf::updateECOledText(std::shared_ptr<Korvo::ECOLEDText> text)
 {
     for (PlainSection *section : qAsConst(m_sections))
         section->updateECOledText(*text);
+    return true;
+}
+
+bool PlainHalf::updateTBarValue(std::shared_ptr<Korvo::ECTBarValue> value)
+{
+    for (PlainSection *section : qAsConst(m_sections))
+        section->updateTBarValue(*value);
     return true;
 }
 

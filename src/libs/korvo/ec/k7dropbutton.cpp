@@ -495,7 +495,8 @@ void K7DropButton::pressButton(QMouseEvent *event)
     if (popupMode() == MenuButtonPopup)
         QToolButton::mousePressEvent(event);
     else
-        QAbstractButton::mousePressEvent(event); // NOLINT(bugprone-parent-virtual-call)
+        QAbstractButton::mousePressEvent( // clazy:exclude=skipped-base-method
+            event);                       // NOLINT(bugprone-parent-virtual-call)
 }
 
 void K7DropButton::mouseMoveEvent(QMouseEvent *event)
@@ -569,7 +570,7 @@ void K7DropButton::paintEvent(QPaintEvent *event)
 }
 
 /// A key's style sheet changes with every colour, and the style would look up its picture twice each time.
-QString K7DropButton::sheetForStyle() const
+QString K7DropButton::styledSheet() const
 {
     return m_d->paintsItself() ? QString() : styleSheet();
 }

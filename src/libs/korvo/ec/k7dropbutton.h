@@ -43,7 +43,9 @@ class KORVO_EC_EXPORT K7DropButton : public QToolButton
     Q_OBJECT
     /// What of the style sheet is left to the style: nothing, when the key paints it all by itself. Qt's
     /// style reads sheets by this property; styleSheet() tells all of it.
-    Q_PROPERTY(QString styleSheet READ sheetForStyle WRITE setStyleSheet)
+    /// QWidget's has no signal either.
+    Q_PROPERTY( // clazy:exclude=qproperty-without-notify
+        QString styleSheet READ styledSheet WRITE setStyleSheet)
 
 public:
     explicit K7DropButton(QWidget *parent = nullptr);
@@ -63,7 +65,7 @@ protected:
 private:
     Q_DISABLE_COPY(K7DropButton)
 
-    QString sheetForStyle() const;
+    QString styledSheet() const;
     void pressButton(QMouseEvent *event);
 
     class Private;

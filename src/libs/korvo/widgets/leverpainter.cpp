@@ -24,6 +24,7 @@ const qreal slitWidth = 12;
 const qreal crossbarHeight = 26;
 const qreal stemHeight = 16;
 const qreal stemWidth = 30;
+const qreal shadowHeight = 4;
 
 // Moves edges onto whole device pixels, as long as the painter neither turns nor shears.
 class PixelGrid
@@ -65,35 +66,36 @@ private:
 
 class LeverPainter
 {
+    Q_DISABLE_COPY(LeverPainter)
+
 public:
     LeverPainter(QPainter *painter, const LeverGeometry &geometry, const LeverLook &look)
         : m_painter(painter)
         , m_geometry(geometry)
         , m_look(look)
         , m_grid(painter->deviceTransform())
-    {
-    }
-
-    void paint()
+        , m_y(m_grid.y(geometry.yAt(look.percent)))
     {
         m_painter->save();
         m_painter->setPen(Qt::NoPen);
+    }
+    ~LeverPainter() { m_painter->restore(); }
+
+    void paintStillParts()
+    {
         paintScale();
         paintRail();
         if (m_look.hasArrows)
             paintArrows();
-        paintHandle();
-        paintPointer();
-        m_painter->restore();
     }
+    void paintHandle();
+    void paintPointer();
 
 private:
     void paintScale();
     void paintLabel(int percent);
     void paintRail();
     void paintArrows();
-    void paintHandle();
-    void paintPointer();
     void fillRounded(const QRectF &rect, qreal radius, const QBrush &brush);
     void fillTriangle(const QPointF &a, const QPointF &b, const QPointF &c, const QColor &color);
 
@@ -101,6 +103,7 @@ private:
     const LeverGeometry &m_geometry;
     const LeverLook &m_look;
     const PixelGrid m_grid;
+    const qreal m_y; // of the handle, on a whole pixel
 };
 
 void LeverPainter::fillRounded(const QRectF &rect, qreal radius, const QBrush &brush)
@@ -125,7 +128,7 @@ void LeverPainter::fillTriangle(const QPointF &a, const QPointF &b, const QPoint
 void LeverPainter::paintScale()
 {
     const QColor ahead = mixed(m_look.rail, m_look.scale, 0.6);
-    for (int percent = 0; percent <= 100; percent += 5) {
+    for (int percent = 0; percent <= 100; percent += int(percentPerTick)) {
         const bool isLabelled = percent % 50 == 0;
         const qreal length = isLabelled ? longTick : percent % 10 == 0 ? longTick * 0.7 : longTick * 0.4;
         const bool isTravelled = m_look.percent > 0 && percent <= m_look.percent;
@@ -191,11 +194,11 @@ void LeverPainter::paintHandle()
         body = mixed(body, Qt::white, 0.4);
     const QColor dark = mixed(body, Qt::black, 0.45);
 
-    const QRectF stem = m_geometry.stem(m_look.percent);
-    const QRectF crossbar = m_geometry.crossbar(m_look.percent);
+    const QRectF stem = m_geometry.stem(m_y);
+    const QRectF crossbar = m_geometry.crossbar(m_y);
     const QColor shadow(0, 0, 0, 130);
     fillRounded(stem.adjusted(-2, 0, 2, 3), 5, shadow);
-    fillRounded(crossbar.adjusted(-2, 0, 2, 4), 6, shadow);
+    fillRounded(crossbar.adjusted(-2, 0, 2, shadowHeight), 6, shadow);
 
     fillRounded(stem, 4, mixed(dark, Qt::black, 0.25));
     fillRounded(stem.adjusted(1, 0, -1, -1), 3, dark);
@@ -221,9 +224,8 @@ void LeverPainter::paintHandle()
 void LeverPainter::paintPointer()
 {
     const QRectF &column = m_geometry.pointers;
-    const qreal y = m_grid.line(0, 1, m_geometry.yAt(m_look.percent), 2).center().y();
-    fillTriangle(QPointF(column.left(), y), QPointF(column.right(), y - 6), QPointF(column.right(), y + 6),
-                 m_look.travel);
+    fillTriangle(QPointF(column.left(), m_y), QPointF(column.right(), m_y - 6),
+                 QPointF(column.right(), m_y + 6), m_look.travel);
 }
 
 } // namespace
@@ -267,20 +269,35 @@ double LeverGeometry::percentOf(qreal distance) const
     return distance / (m_end - m_start) * 100;
 }
 
-QRectF LeverGeometry::crossbar(double percent) const
+QRectF LeverGeometry::crossbar(qreal y) const
 {
-    return QRectF(rail.left() + 5, yAt(percent) - crossbarHeight / 2, rail.width() - 10, crossbarHeight);
+    return QRectF(rail.left() + 5, y - crossbarHeight / 2, rail.width() - 10, crossbarHeight);
 }
 
-QRectF LeverGeometry::stem(double percent) const
+QRectF LeverGeometry::stem(qreal y) const
 {
-    return QRectF(slit.center().x() - stemWidth / 2, yAt(percent) + crossbarHeight / 2 - 4, stemWidth,
-                  stemHeight + 2);
+    return QRectF(slit.center().x() - stemWidth / 2, y + crossbarHeight / 2 - 4, stemWidth, stemHeight + 2);
 }
 
-void paintLever(QPainter *painter, const LeverGeometry &geometry, const LeverLook &look)
+QRect LeverGeometry::reach(double percent) const
 {
-    LeverPainter(painter, geometry, look).paint();
+    const qreal y = yAt(percent);
+    const QRectF handle = crossbar(y).united(stem(y).adjusted(0, 0, 0, shadowHeight));
+    return QRectF(QPointF(ticks.left(), handle.top()), QPointF(rail.right(), handle.bottom()))
+        .adjusted(-2, -2, 2, 2) // painted on whole pixels of a device that may be coarser
+        .toAlignedRect();
+}
+
+void paintStillParts(QPainter *painter, const LeverGeometry &geometry, const LeverLook &look)
+{
+    LeverPainter(painter, geometry, look).paintStillParts();
+}
+
+void paintHandle(QPainter *painter, const LeverGeometry &geometry, const LeverLook &look)
+{
+    LeverPainter lever(painter, geometry, look);
+    lever.paintHandle();
+    lever.paintPointer();
 }
 
 } // namespace Korvo::Widgets

@@ -6,11 +6,13 @@
 #include "tbar.h"
 
 #include <QFont>
-#include <QRectF>
+#include <QRect>
 
 class QPainter;
 
 namespace Korvo::Widgets {
+
+constexpr double percentPerTick = 5; // from line to line of the scale
 
 /// Where the parts of a lever stand in its area, in logical pixels.
 class LeverGeometry
@@ -25,9 +27,12 @@ public:
     /// Percent that the lever gains when the handle goes down by \a distance.
     double percentOf(qreal distance) const;
 
-    /// The crossbar and the stem of the handle at \a percent.
-    QRectF crossbar(double percent) const;
-    QRectF stem(double percent) const;
+    /// The crossbar and the stem of the handle when it stands at the height \a y.
+    QRectF crossbar(qreal y) const;
+    QRectF stem(qreal y) const;
+
+    /// All that looks different when the lever comes to \a percent, or leaves it: from the scale to the rail.
+    QRect reach(double percent) const;
 
     QRectF labels;   ///< column of the scale's numbers
     QRectF ticks;    ///< column of the scale's lines
@@ -55,9 +60,13 @@ struct LeverLook
     QColor travel;
     QColor handle;
     QColor scale;
+    QColor ground; ///< behind it; invalid where that is not the lever's own
 };
 
-/// Paints a lever, with edges on whole device pixels whatever the painter's scale.
-void paintLever(QPainter *painter, const LeverGeometry &geometry, const LeverLook &look);
+/// Paint a lever: first the parts that stay where they are, of which percentages change but colours, then the
+/// handle with its pointer. Edges are on whole device pixels whatever the painter's scale; the handle has the
+/// same shape wherever it stands.
+void paintStillParts(QPainter *painter, const LeverGeometry &geometry, const LeverLook &look);
+void paintHandle(QPainter *painter, const LeverGeometry &geometry, const LeverLook &look);
 
 } // namespace Korvo::Widgets

@@ -3,7 +3,7 @@
 
 #include "tbar.h"
 
-#include "leverpainter.h"
+#include "leverpictures.h"
 #include "logging.h"
 
 #include <QAccessible>
@@ -18,6 +18,7 @@
 #include <QWheelEvent>
 
 #include <cmath>
+#include <optional>
 
 namespace Korvo::Widgets {
 
@@ -42,12 +43,14 @@ public:
 
     static tbarPrivate *of(const tbar *lever) { return lever->d.data(); }
 
-    LeverGeometry geometry() const
-    {
-        return LeverGeometry(q->contentsRect(), q->font(), hasArrows, direction);
-    }
-
+    const LeverGeometry &geometry();
     LeverLook look() const;
+    void changeLook();
+    void chooseGround();
+    void paint(QPainter *painter);
+    void draw(QPainter *painter, const QStyleOption &option);
+    void copyPictures(QPainter *painter, const QStyleOption &option);
+    void paintStyle(QPainter *painter, const QStyleOption &option) const;
     double usable(double asked);
     bool show(double asked);
     void moveByHand(double asked);
@@ -69,6 +72,12 @@ public:
     QColor railColor{0x0a, 0x0c, 0x0f};
     QColor travelColor{0xff, 0xa8, 0x2e};
     QColor handleColor{0xb4, 0xbe, 0xc8};
+    QColor groundColor;
+
+    std::optional<LeverGeometry> places; // until something changes that they depend on
+    LeverPictures pictures;              // likewise
+    QStyle::State picturedState;
+    bool isPicturedHeld = false;
 
     Holder holder = Holder::Nobody;
     int finger = -1;        // id of the touch point that holds the lever
@@ -78,6 +87,27 @@ public:
     bool isPaintedEnabled = true;
     QBasicTimer enabledTimer;
 };
+
+const LeverGeometry &tbarPrivate::geometry()
+{
+    if (!places)
+        places.emplace(q->contentsRect(), q->font(), hasArrows, direction);
+    return *places;
+}
+
+// For all that shows but the percentage, and what the pictures are compared with.
+void tbarPrivate::changeLook()
+{
+    places.reset();
+    pictures = LeverPictures();
+    q->update();
+}
+
+// Nothing behind the lever has to be painted when it moves, if it covers all.
+void tbarPrivate::chooseGround()
+{
+    q->setAttribute(Qt::WA_OpaquePaintEvent, groundColor.isValid() && groundColor.alpha() == 255);
+}
 
 LeverLook tbarPrivate::look() const
 {
@@ -91,6 +121,7 @@ LeverLook tbarPrivate::look() const
     look.rail = railColor;
     look.travel = travelColor;
     look.handle = handleColor;
+    look.ground = groundColor;
     // The active text even while disabled: a mirror has to be read.
     look.scale = q->palette().color(QPalette::Active, QPalette::WindowText);
     return look;
@@ -113,8 +144,8 @@ bool tbarPrivate::show(double asked)
 {
     if (asked == percent)
         return false;
+    q->update(geometry().reach(percent) | geometry().reach(asked));
     percent = asked;
-    q->update();
     QAccessibleValueChangeEvent event(q, percent);
     QAccessible::updateAccessibility(&event);
     return true;
@@ -127,18 +158,54 @@ void tbarPrivate::moveByHand(double asked)
         emit q->percentChanged(percent, previous);
 }
 
+void tbarPrivate::paint(QPainter *painter)
+{
+    QStyleOption option;
+    option.initFrom(q);
+    if (LeverPictures::suit(*painter))
+        copyPictures(painter, option);
+    else
+        draw(painter, option);
+}
+
+void tbarPrivate::draw(QPainter *painter, const QStyleOption &option)
+{
+    if (groundColor.isValid())
+        painter->fillRect(q->rect(), groundColor);
+    paintStyle(painter, option);
+    paintStillParts(painter, geometry(), look());
+    paintHandle(painter, geometry(), look());
+}
+
+void tbarPrivate::copyPictures(QPainter *painter, const QStyleOption &option)
+{
+    const bool isHeld = holder != Holder::Nobody;
+    if (pictures.areEmpty() || picturedState != option.state || isPicturedHeld != isHeld) {
+        pictures.paintAnew(q, geometry(), look(), [&](QPainter *canvas) { paintStyle(canvas, option); });
+        picturedState = option.state;
+        isPicturedHeld = isHeld;
+    }
+    pictures.copyTo(painter, geometry(), percent);
+}
+
+// What a style sheet asks for.
+void tbarPrivate::paintStyle(QPainter *painter, const QStyleOption &option) const
+{
+    q->style()->drawPrimitive(QStyle::PE_Widget, &option, painter, q);
+}
+
 bool tbarPrivate::press(const QPointF &position, Holder by)
 {
-    const LeverGeometry places = geometry();
-    if (holder != Holder::Nobody || !places.rail.contains(position))
+    if (holder != Holder::Nobody || !geometry().rail.contains(position))
         return false;
 
-    const QRectF handle = places.crossbar(percent).united(places.stem(percent));
+    const qreal y = geometry().yAt(percent);
+    const QRectF handle = geometry().crossbar(y).united(geometry().stem(y));
     const bool isOnHandle =
         handle.adjusted(-handleReach, -handleReach, handleReach, handleReach).contains(position);
     holder = by;
     grabY = position.y();
-    grabPercent = isOnHandle ? percent : places.percentAt(position.y());
+    grabPercent = isOnHandle ? percent : geometry().percentAt(position.y());
     q->update();
     moveByHand(grabPercent);
     return true;
@@ -186,7 +253,7 @@ void tbarPrivate::setColor(QColor *color, const QColor &value)
     if (*color == value)
         return;
     *color = value;
-    q->update();
+    changeLook();
     emit q->colorsChanged();
 }
 
@@ -264,7 +331,7 @@ void tbar::setDirectionEnable(bool enable)
     if (d->hasArrows == enable)
         return;
     d->hasArrows = enable;
-    update();
+    d->changeLook();
 }
 
 bool tbar::isDirectionEnabled() const
@@ -278,7 +345,7 @@ void tbar::setTbarDirection(TbarDirection direction)
         return;
     d->endDrag();
     d->direction = direction;
-    update();
+    d->changeLook();
 }
 
 tbar::TbarDirection tbar::getTbarDirection() const
@@ -326,6 +393,17 @@ void tbar::setHandleColor(const QColor &color)
     d->setColor(&d->handleColor, color);
 }
 
+QColor tbar::groundColor() const
+{
+    return d->groundColor;
+}
+
+void tbar::setGroundColor(const QColor &color)
+{
+    d->setColor(&d->groundColor, color);
+    d->chooseGround();
+}
+
 QSize tbar::sizeHint() const
 {
     return QSize(152, 380);
@@ -347,15 +425,23 @@ bool tbar::event(QEvent *event)
     case QEvent::WindowDeactivate:
         d->endDrag();
         break;
+    case QEvent::Resize:
+    case QEvent::ContentsRectChange:
+        d->changeLook();
+        break;
     default:
         break;
     }
-    return QWidget::event(event);
+    const bool isHandled = QWidget::event(event);
+    if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange)
+        d->chooseGround(); // a style sheet with a background or a border has taken it back
+    return isHandled;
 }
 
 void tbar::changeEvent(QEvent *event)
 {
     if (event->type() != QEvent::EnabledChange) {
+        d->changeLook();
         QWidget::changeEvent(event);
         return;
     }
@@ -451,11 +537,7 @@ void tbar::mouseReleaseEvent(QMouseEvent *event)
 void tbar::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    QStyleOption option;
-    option.initFrom(this);
-    style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
-
-    paintLever(&painter, d->geometry(), d->look());
+    d->paint(&painter);
     d->isPaintedEnabled = isEnabled();
 
     if (hasFocus()) {

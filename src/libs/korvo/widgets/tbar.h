@@ -29,6 +29,7 @@ class KORVO_WIDGETS_EXPORT tbar : public QWidget
     Q_PROPERTY(QColor railColor READ railColor WRITE setRailColor NOTIFY colorsChanged)
     Q_PROPERTY(QColor travelColor READ travelColor WRITE setTravelColor NOTIFY colorsChanged)
     Q_PROPERTY(QColor handleColor READ handleColor WRITE setHandleColor NOTIFY colorsChanged)
+    Q_PROPERTY(QColor groundColor READ groundColor WRITE setGroundColor NOTIFY colorsChanged)
 
 public:
     /// Where the lever travels to; 0 percent is where it starts.
@@ -65,6 +66,11 @@ public:
 
     QColor handleColor() const;
     void setHandleColor(const QColor &color);
+
+    /// Of what lies behind the lever. While it is opaque nothing else is painted there, which makes moves
+    /// cheap; at first it is invalid, and what lies there is seen.
+    QColor groundColor() const;
+    void setGroundColor(const QColor &color);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

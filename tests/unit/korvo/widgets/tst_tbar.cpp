@@ -5,6 +5,10 @@
 
 #include <QAccessible>
 #include <QImage>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QScreen>
 #include <QSet>
 #include <QSignalSpy>
 #include <QTest>
@@ -57,7 +61,10 @@ public:
 
     bool eventFilter(QObject *, QEvent *event) override
     {
-        m_count += event->type() == QEvent::Paint ? 1 : 0;
+        if (event->type() == QEvent::Paint) {
+            ++m_count;
+            m_region |= static_cast<QPaintEvent *>(event)->region();
+        }
         return false;
     }
 
@@ -69,9 +76,11 @@ public:
         QCoreApplication::processEvents();
         return m_count;
     }
+    const QRegion &region() const { return m_region; }
 
 private:
     int m_count = 0;
+    QRegion m_region;
 };
 
 // A lever in a window of its own, that calibrates itself by being clicked: so the tests know nothing of where
@@ -142,9 +151,52 @@ QImage rendered(tbar *lever, const QColor &background, qreal scale = 1)
     return image;
 }
 
+/// Not from pictures, as the painter stands between pixels, if only by what is not seen.
+QImage drawn(tbar *lever, const QColor &background)
+{
+    QImage image(lever->size(), QImage::Format_RGB32);
+    image.fill(background);
+    QPainter painter(&image);
+    painter.translate(1e-6, 1e-6);
+    lever->render(&painter, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
+}
+
+/// What is blended into a picture first and then with the picture is rounded twice.
+constexpr int roundedTwice = 2;
+
+/// Of any channel, of all pixels.
+int largestDifference(const QImage &a, const QImage &b)
+{
+    int largest = a.size() == b.size() ? 0 : 256;
+    for (int y = 0; y < a.height() && largest < 256; ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y);
+            const QRgb q = b.pixel(x, y);
+            for (const int difference : {qRed(p) - qRed(q), qGreen(p) - qGreen(q), qBlue(p) - qBlue(q)})
+                largest = qMax(largest, qAbs(difference));
+        }
+    }
+    return largest;
+}
+
+/// Counts how often a style sheet's ground would be painted: once for the pictures, once for each drawing.
+class GroundCounter : public QProxyStyle
+{
+public:
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override
+    {
+        count += element == PE_Widget ? 1 : 0;
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+    mutable int count = 0;
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(std::function<void(Console &)>)
+Q_DECLARE_METATYPE(std::function<void(tbar *)>)
 
 class tst_tbar : public QObject
 {
@@ -193,6 +245,18 @@ private slots:
     void theFocusIsSeen();
     void edgesAreSharp_data();
     void edgesAreSharp();
+    void picturesShowWhatIsDrawn_data();
+    void picturesShowWhatIsDrawn();
+    void picturesArePaintedOnce();
+    void picturesFollowWhatChanges_data();
+    void picturesFollowWhatChanges();
+    void aPainterThatScalesIsDrawnOn();
+    void aMovePaintsWhatChangesOnly_data();
+    void aMovePaintsWhatChangesOnly();
+    void whatAMoveLeavesBehindIsPainted_data();
+    void whatAMoveLeavesBehindIsPainted();
+    void behindAGroundOfItsOwnNothingIsPainted_data();
+    void behindAGroundOfItsOwnNothingIsPainted();
     void assistiveTechnologyReadsAndMovesIt();
 };
 
@@ -908,6 +972,202 @@ void tst_tbar::edgesAreSharp()
     }
     QCOMPARE(upper.size(), 3);
     QCOMPARE(right.size(), 3);
+}
+
+void tst_tbar::picturesShowWhatIsDrawn_data()
+{
+    QTest::addColumn<int>("direction");
+    QTest::addColumn<QColor>("ground");
+    for (const int direction : {int(tbar::BottomToTop), int(tbar::TopToBottom)}) {
+        const char *name = direction == tbar::BottomToTop ? "up" : "down";
+        QTest::addRow("%s, a ground of its own", name) << direction << QColor(Qt::darkBlue);
+        QTest::addRow("%s, a ground that shines through", name) << direction << QColor(0, 0, 255, 100);
+        QTest::addRow("%s, no ground", name) << direction << QColor();
+    }
+}
+
+void tst_tbar::picturesShowWhatIsDrawn()
+{
+    QFETCH(int, direction);
+    QFETCH(QColor, ground);
+    tbar lever;
+    lever.resize(152, 380);
+    lever.setTbarDirection(tbar::TbarDirection(direction));
+    lever.setDirectionEnable(true);
+    lever.setGroundColor(ground);
+    for (const double percent : {0.0, 0.01, 2.0, 4.999, 5.0, 5.001, 33.33, 49.99, 50.0, 99.0, 99.99, 100.0}) {
+        lever.setCurValue(percent);
+        const QImage pictured = rendered(&lever, Qt::darkGreen);
+        const int difference = largestDifference(pictured, drawn(&lever, Qt::darkGreen));
+        QVERIFY2(difference <= roundedTwice,
+                 qPrintable(QStringLiteral("%1: %2").arg(percent).arg(difference)));
+    }
+}
+
+void tst_tbar::picturesArePaintedOnce()
+{
+    GroundCounter style;
+    tbar lever;
+    lever.resize(152, 380);
+    lever.setStyle(&style);
+    rendered(&lever, Qt::black);
+    QCOMPARE(style.count, 1);
+    for (const double percent : {10.0, 11.0, 90.0}) {
+        lever.setEnabled(true);
+        lever.setCurValue(percent);
+        lever.setEnabled(false);
+        lever.setEnabled(true);
+        rendered(&lever, Qt::black);
+    }
+    QCOMPARE(style.count, 1);
+}
+
+void tst_tbar::picturesFollowWhatChanges_data()
+{
+    using Act = std::function<void(tbar *)>;
+    QTest::addColumn<Act>("act");
+    QTest::newRow("palette") << Act([](tbar *lever) {
+        QPalette palette = lever->palette();
+        palette.setColor(QPalette::WindowText, Qt::red);
+        lever->setPalette(palette);
+    });
+    QTest::newRow("font") << Act([](tbar *lever) {
+        QFont font = lever->font();
+        font.setPixelSize(20);
+        lever->setFont(font);
+    });
+    QTest::newRow("size") << Act([](tbar *lever) { lever->resize(160, 420); });
+    QTest::newRow("margins") << Act([](tbar *lever) { lever->setContentsMargins(5, 6, 7, 8); });
+    QTest::newRow("disabled") << Act([](tbar *lever) { lever->setEnabled(false); });
+    QTest::newRow("held") << Act([](tbar *lever) {
+        QMouseEvent press(QEvent::MouseButtonPress, Console::at(100), Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(lever, &press);
+    });
+    QTest::newRow("direction") << Act([](tbar *lever) { lever->setTbarDirection(tbar::TopToBottom); });
+    QTest::newRow("arrows") << Act([](tbar *lever) { lever->setDirectionEnable(true); });
+    QTest::newRow("rail") << Act([](tbar *lever) { lever->setRailColor(Qt::red); });
+    QTest::newRow("travel") << Act([](tbar *lever) { lever->setTravelColor(Qt::red); });
+    QTest::newRow("handle") << Act([](tbar *lever) { lever->setHandleColor(Qt::red); });
+    QTest::newRow("ground") << Act([](tbar *lever) { lever->setGroundColor(Qt::red); });
+    QTest::newRow("style sheet") << Act([](tbar *lever) {
+        lever->setStyleSheet(QStringLiteral("Korvo--Widgets--tbar { border: 2px solid red; }"));
+    });
+}
+
+void tst_tbar::picturesFollowWhatChanges()
+{
+    QFETCH(std::function<void(tbar *)>, act);
+    tbar lever;
+    lever.resize(152, 380);
+    lever.setGroundColor(Qt::black);
+    lever.setStyleSheet(QStringLiteral("Korvo--Widgets--tbar { border: 2px solid blue; }"));
+    lever.setCurValue(50);
+    const QImage before = rendered(&lever, Qt::green);
+    QVERIFY(largestDifference(before, drawn(&lever, Qt::green)) <= roundedTwice);
+    act(&lever);
+    const QImage after = rendered(&lever, Qt::green);
+    QVERIFY(after != before);
+    QVERIFY(largestDifference(after, drawn(&lever, Qt::green)) <= roundedTwice);
+}
+
+void tst_tbar::aPainterThatScalesIsDrawnOn()
+{
+    GroundCounter style;
+    tbar lever;
+    lever.resize(152, 380);
+    lever.setStyle(&style);
+    rendered(&lever, Qt::black);
+    for (const double scale : {1.5, 2.0, 3.0})
+        rendered(&lever, Qt::black, scale);
+    QCOMPARE(style.count, 4);
+    rendered(&lever, Qt::black);
+    QCOMPARE(style.count, 4); // the pictures are still good
+}
+
+void tst_tbar::aMovePaintsWhatChangesOnly_data()
+{
+    QTest::addColumn<int>("direction");
+    QTest::newRow("up") << int(tbar::BottomToTop);
+    QTest::newRow("down") << int(tbar::TopToBottom);
+}
+
+void tst_tbar::aMovePaintsWhatChangesOnly()
+{
+    QFETCH(int, direction);
+    Console console{tbar::TbarDirection(direction)};
+    QVERIFY(console.isReady);
+    console.lever.setCurValue(40);
+    const PaintCounter paints(&console.lever);
+    console.lever.setCurValue(41);
+    QCOMPARE(paints.count(), 1);
+    const QRect painted = paints.region().boundingRect();
+    QVERIFY(painted.contains(Console::at(console.yOf(40))));
+    QVERIFY(painted.contains(Console::at(console.yOf(41))));
+    QVERIFY2(painted.height() < 60, qPrintable(QString::number(painted.height())));
+    QVERIFY2(painted.left() > 20, qPrintable(QString::number(painted.left()))); // without the figures
+}
+
+void tst_tbar::whatAMoveLeavesBehindIsPainted_data()
+{
+    QTest::addColumn<int>("direction");
+    QTest::addColumn<int>("height");
+    for (const int height : {380, 150}) {
+        QTest::addRow("up, %d", height) << int(tbar::BottomToTop) << height;
+        QTest::addRow("down, %d", height) << int(tbar::TopToBottom) << height;
+    }
+}
+
+void tst_tbar::whatAMoveLeavesBehindIsPainted()
+{
+    QFETCH(int, direction);
+    QFETCH(int, height);
+    tbar lever;
+    lever.resize(152, height);
+    lever.setGroundColor(Qt::darkBlue);
+    lever.setTbarDirection(tbar::TbarDirection(direction));
+    lever.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&lever));
+    QVERIFY(PaintCounter(&lever).count() == 0);
+    for (const double percent : {50.0, 49.0, 0.0, 0.01, 7.0, 5.0, 4.99, 80.0, 20.0, 100.0, 99.5}) {
+        lever.setCurValue(percent);
+        QCoreApplication::processEvents();
+        const QImage shown = lever.screen()->grabWindow(lever.winId()).toImage();
+        QCOMPARE(largestDifference(shown, rendered(&lever, Qt::green)), 0);
+    }
+}
+
+void tst_tbar::behindAGroundOfItsOwnNothingIsPainted_data()
+{
+    QTest::addColumn<QColor>("ground");
+    QTest::addColumn<QString>("styleSheet");
+    QTest::addColumn<bool>("isOpaque");
+    const QString background = QStringLiteral("background: rgba(255, 0, 0, 50%); border: 2px solid red;");
+    QTest::newRow("no ground") << QColor() << QString() << false;
+    QTest::newRow("a ground that shines through") << QColor(0, 0, 0, 200) << QString() << false;
+    QTest::newRow("its own") << QColor(Qt::darkBlue) << QString() << true;
+    QTest::newRow("its own, under a style sheet's") << QColor(Qt::darkBlue) << background << true;
+}
+
+void tst_tbar::behindAGroundOfItsOwnNothingIsPainted()
+{
+    QFETCH(QColor, ground);
+    QFETCH(QString, styleSheet);
+    QFETCH(bool, isOpaque);
+    QWidget window;
+    window.resize(152, 380);
+    tbar lever(&window);
+    lever.resize(window.size());
+    lever.setGroundColor(ground);
+    lever.setStyleSheet(styleSheet);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const PaintCounter paints(&lever);
+    const PaintCounter paintsBehind(&window);
+    lever.setCurValue(50);
+    QCOMPARE(paints.count(), 1);
+    QCOMPARE(paintsBehind.count(), isOpaque ? 0 : 1);
+    QCOMPARE(rendered(&lever, Qt::black) == rendered(&lever, Qt::white), isOpaque);
 }
 
 void tst_tbar::assistiveTechnologyReadsAndMovesIt()
