@@ -51,7 +51,7 @@ void LatencyPage::setUpTable()
         {QStringLiteral("Count"), QStringLiteral("Median"), QStringLiteral("99 %"), QStringLiteral("Worst")});
     QStringList names;
     for (const LatencyMeter::Row &row : m_meter->rows())
-        names << row.name.left(1).toUpper() + row.name.mid(1);
+        names << row.name.at(0).toUpper() + row.name.mid(1);
     table->setRowCount(names.size());
     table->setVerticalHeaderLabels(names);
     for (int row = 0; row < table->rowCount(); ++row) {

@@ -24,7 +24,7 @@ namespace {
 class CountingKey : public EC::K7DropButton
 {
     Q_OBJECT
-    Q_PROPERTY(QString KorvoECKey READ id)
+    Q_PROPERTY(QString KorvoECKey READ id) // clazy:exclude=qproperty-without-notify
 
 public:
     explicit CountingKey(const QString &id)

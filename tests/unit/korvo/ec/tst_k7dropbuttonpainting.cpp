@@ -28,8 +28,8 @@ const QColor checkedGround(0, 160, 0);
 const QColor rim(200, 200, 0);
 const QColor lettering(240, 240, 255);
 const QColor letteringOff(90, 90, 110);
-const QColor picture(Qt::red);
-const QColor behind(Qt::magenta);
+const QColor picture(255, 0, 0);
+const QColor behind(255, 0, 255);
 
 QPalette keyPalette()
 {
@@ -807,8 +807,10 @@ void tst_K7DropButtonPainting::aReceiverMayDeleteAKeyThatPaintsItself()
     QVERIFY(panel.isShown());
     panel.group.removeButton(key);
     Hand hand(&panel, way);
-    connect(key.data(), isAtPress ? &QAbstractButton::pressed : &QAbstractButton::released, this,
-            [&key] { delete key; });
+    if (isAtPress)
+        connect(key.data(), &QAbstractButton::pressed, this, [&key] { delete key; });
+    else
+        connect(key.data(), &QAbstractButton::released, this, [&key] { delete key; });
     hand.press();
     QCOMPARE(key.isNull(), isAtPress || way == Click);
     hand.lift();
