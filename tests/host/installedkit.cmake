@@ -4,8 +4,8 @@
 # Installs the build, builds the plug-in's own folder against the installed kit, and starts the installed
 # k7host with the result from a foreign folder.
 #
-#   cmake -DBUILD=<build tree> -DPLUGIN_SOURCE=<folder> -DWORK=<scratch folder> -DCONFIG=<build type>
-#         -DGENERATOR=<generator> -DCXX=<compiler> -DCXX_FLAGS=<flags> -P installedkit.cmake
+#   cmake -DBUILD=<build tree> -DPLUGIN_SOURCE=<folder> -DWORK=<scratch folder> -DGENERATOR=<generator>
+#         -DCXX=<compiler> -DCXX_FLAGS=<flags> -P installedkit.cmake
 
 function(run)
     execute_process(COMMAND ${ARGV} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
@@ -24,8 +24,10 @@ run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/prefix)
 # Whoever moves the tree takes along all that it needs.
 file(RENAME ${WORK}/prefix ${WORK}/moved)
 
+# As quickly as can be: it is about headers and libraries.
 run(${CMAKE_COMMAND} -S ${PLUGIN_SOURCE} -B ${WORK}/plugin -G ${GENERATOR}
-    -DCMAKE_BUILD_TYPE=${CONFIG} -DCMAKE_CXX_COMPILER=${CXX} "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}"
+    -DCMAKE_BUILD_TYPE=None -DCMAKE_UNITY_BUILD=ON
+    -DCMAKE_CXX_COMPILER=${CXX} "-DCMAKE_CXX_FLAGS=${CXX_FLAGS} -O0"
     -DCMAKE_PREFIX_PATH=${WORK}/moved)
 run(${CMAKE_COMMAND} --build ${WORK}/plugin)
 
