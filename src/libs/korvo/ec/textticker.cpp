@@ -13,6 +13,8 @@
 #include <QTimer>
 #include <QtMath>
 
+#include <optional>
+
 namespace Korvo::EC {
 
 namespace {
@@ -81,6 +83,7 @@ public:
 private:
     QRect area() const;
     QPoint lineStart() const;
+    int gap();
     void drawLine(QPainter *painter, const QPoint &start) const;
     void drawMoving(QPainter *painter, const QPoint &start);
     void paintStrip(qreal pixelRatio, QRgb text, QRgb ground);
@@ -93,8 +96,8 @@ private:
     std::shared_ptr<QTimer> m_clock; // held while the text scrolls before someone's eyes
     QTextLayout m_line;
     QSize m_lineSize;
-    int m_gap = 0;   // between the end of the line and its second copy
-    QPixmap m_strip; // the line on its ground, as it was last drawn moving
+    std::optional<int> m_gap; // asking the font takes time, and most lines do not scroll
+    QPixmap m_strip;          // the line on its ground, as it was last drawn moving
     QRgb m_stripText = 0;
     QRgb m_stripGround = 0;
     QString m_text; // what m_line was laid out from
@@ -133,7 +136,7 @@ void TextTicker::Private::layOut()
     m_line.endLayout();
     const QRectF bounds = m_line.boundingRect();
     m_lineSize = QSize(qCeil(line.isValid() ? line.naturalTextWidth() : 0), qCeil(bounds.height()));
-    m_gap = gapCharacters * m_label->fontMetrics().averageCharWidth();
+    m_gap.reset();
     m_strip = QPixmap();
     m_isLaidOut = true;
     m_tick = 0;
@@ -175,7 +178,7 @@ void TextTicker::Private::advance()
 {
     const int shownOffset = offset();
     ++m_tick;
-    if (offset() >= m_lineSize.width() + m_gap)
+    if (offset() >= m_lineSize.width() + gap())
         m_tick = 0; // the second copy stands where the first began
     if (offset() != shownOffset)
         m_label->update(area() & QRect(0, lineStart().y(), m_label->width(), m_lineSize.height()));
@@ -185,6 +188,14 @@ QRect TextTicker::Private::area() const
 {
     const int margin = m_label->margin();
     return m_label->contentsRect().adjusted(margin, margin, -margin, -margin);
+}
+
+/// Between the end of the line and its second copy.
+int TextTicker::Private::gap()
+{
+    if (!m_gap)
+        m_gap = gapCharacters * m_label->fontMetrics().averageCharWidth();
+    return *m_gap;
 }
 
 /// Where the line begins when it does not scroll, or stands still.
@@ -274,7 +285,7 @@ void TextTicker::Private::paint(QPainter *painter, const QRect &dirty)
     }
 
     const QPoint first = lineStart() - QPoint(offset(), 0);
-    const QPoint second = first + QPoint(m_lineSize.width() + m_gap, 0);
+    const QPoint second = first + QPoint(m_lineSize.width() + gap(), 0);
     drawMoving(painter, first);
     if (second.x() <= area().right())
         drawMoving(painter, second);
