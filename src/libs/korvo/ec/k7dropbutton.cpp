@@ -495,8 +495,8 @@ void K7DropButton::pressButton(QMouseEvent *event)
     if (popupMode() == MenuButtonPopup)
         QToolButton::mousePressEvent(event);
     else
-        QAbstractButton::mousePressEvent( // clazy:exclude=skipped-base-method
-            event);                       // NOLINT(bugprone-parent-virtual-call)
+        // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+        QAbstractButton::mousePressEvent(event); // clazy:exclude=skipped-base-method
 }
 
 void K7DropButton::mouseMoveEvent(QMouseEvent *event)

@@ -97,7 +97,7 @@ QImage KeyFace::image() const
     const QString name = nameOf(*this);
     if (const QImage *kept = faces().object(name))
         return *kept;
-    const QImage image = paint(*this);
+    QImage image = paint(*this);
     faces().insert(name, new QImage(image), image.bytesPerLine() * image.height());
     return image;
 }
