@@ -6,7 +6,9 @@
 #include "k7dropbuttonaccessible.h"
 #include "keyface.h"
 #include "keynavigation.h"
+#include "keypainting.h"
 #include "ownpalette.h"
+#include "paintlater.h"
 #include "windowtouches.h"
 
 #include <QApplication>
@@ -51,36 +53,6 @@ std::optional<Direction> directionOf(const QKeyEvent *event)
 
 } // namespace
 
-constexpr int pressedInset = 3;  // a pressed key sinks
-constexpr int disabledInset = 6; // a disabled one is out of reach
-
-/// Puts off what \a key would paint at once: QAbstractButton shows a press before it tells it. Whoever stops
-/// its painting meanwhile has the last word.
-class PaintLater
-{
-public:
-    explicit PaintLater(QWidget *key)
-        : m_key(key->updatesEnabled() ? key : nullptr)
-    {
-        if (m_key)
-            m_key->setAttribute(Qt::WA_UpdatesDisabled);
-    }
-    ~PaintLater() { allow(); }
-
-    /// From now on the key is painted, in the next pass of the event loop.
-    void allow()
-    {
-        if (m_key && !m_key->testAttribute(Qt::WA_ForceUpdatesDisabled))
-            m_key->setUpdatesEnabled(true);
-        m_key.clear();
-    }
-
-private:
-    Q_DISABLE_COPY(PaintLater)
-
-    QPointer<QWidget> m_key;
-};
-
 /// Knows who holds the key, and lets go of it through QAbstractButton, which tells the group as well.
 /// While the key is held it watches the application for what swallows the end of a press: above all popups.
 class K7DropButton::Private : public QObject
@@ -115,7 +87,6 @@ public:
     bool paintsItself() const;
     void takeOverPainting();
     bool noteSheet();
-    void paint(QPainter *painter) const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -130,7 +101,6 @@ private:
     void notePressed();
     void noteReleased();
     void allowPainting();
-    KeyFace face() const;
 
     K7DropButton *const m_key;
     Holder m_holder;
@@ -363,45 +333,6 @@ bool K7DropButton::Private::noteSheet()
     return m_styleSheet != before && pictureOf(before) && paintsItself();
 }
 
-KeyFace K7DropButton::Private::face() const
-{
-    const QPalette palette = m_key->palette();
-    const auto color = [&palette](QPalette::ColorRole role) { return palette.color(role).rgb(); };
-    KeyFace face;
-    face.picture = pictureOf(m_key->styleSheet()).value_or(QString());
-    face.size = m_key->size();
-    face.pixelRatio = m_key->devicePixelRatioF();
-    face.well = color(QPalette::Button);
-    face.ground = face.well;
-    if (!m_key->isEnabled()) {
-        face.inset = disabledInset;
-    } else if (m_key->isDown()) {
-        face.inset = pressedInset;
-        face.ground = color(QPalette::Midlight);
-    } else if (m_key->isChecked()) {
-        face.ground = color(QPalette::Light);
-    }
-    face.rim = m_key->hasFocus() ? color(QPalette::Highlight) : face.ground;
-    return face;
-}
-
-void K7DropButton::Private::paint(QPainter *painter) const
-{
-    painter->drawImage(0, 0, face().image());
-    const QIcon icon = m_key->icon();
-    if (!icon.isNull()) {
-        const QRect area(QPoint(0, 0), m_key->iconSize());
-        icon.paint(painter, area.translated(m_key->rect().center() - area.center()), Qt::AlignCenter,
-                   m_key->isEnabled() ? QIcon::Normal : QIcon::Disabled);
-        return; // in place of the lettering
-    }
-    if (m_key->text().isEmpty())
-        return;
-    painter->setPen(m_key->palette().color(QPalette::ButtonText));
-    painter->drawText(m_key->rect().translated(0, m_key->isDown() ? 1 : 0),
-                      Qt::AlignCenter | Qt::TextShowMnemonic, m_key->text());
-}
-
 bool K7DropButton::Private::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_key || !watched->isWidgetType())
@@ -566,7 +497,7 @@ void K7DropButton::paintEvent(QPaintEvent *event)
         return;
     }
     QPainter painter(this);
-    m_d->paint(&painter);
+    paintKey(&painter, this);
 }
 
 /// A key's style sheet changes with every colour, and the style would look up its picture twice each time.
