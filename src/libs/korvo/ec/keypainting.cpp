@@ -17,7 +17,7 @@ constexpr int disabledInset = 6; // a disabled one is out of reach
 
 KeyFace faceOf(const QAbstractButton *key)
 {
-    const QPalette palette = key->palette();
+    const QPalette &palette = key->palette();
     const auto color = [&palette](QPalette::ColorRole role) { return palette.color(role).rgb(); };
     KeyFace face;
     face.picture = pictureOf(key->styleSheet()).value_or(QString());
